@@ -11,6 +11,7 @@ PACKAGES=(
   libsdl2-dev
   libfluidsynth-dev timgm6mb-soundfont
   libgtest-dev libgmock-dev
+  clang libclang-rt-14-dev
   xvfb xdotool imagemagick x11-utils
   fonts-dejavu-core
 )

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
+    // CTest lists the tests without the test environment: without a display
+    // the listing would abort, so the offscreen platform is the default.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     return RUN_ALL_TESTS();

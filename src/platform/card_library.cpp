@@ -1,0 +1,105 @@
+#include "platform/card_library.h"
+
+#include <array>
+
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include "platform/form_surface.h"
+#include "platform/pictures.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kCardWidth = 71;
+constexpr int kCardHeight = 96;
+constexpr char kStandardDeck[] = "/usr/share/carddecks/svg-standard/standard.svgz";
+
+// The library's own state, as a loaded library keeps it.
+struct CardCache {
+    QString deckFile = QString::fromLatin1(kStandardDeck);
+    std::array<QImage, 52> faces;
+    bool loaded = false;
+};
+
+CardCache& Cache() {
+    static CardCache cache;
+    return cache;
+}
+
+QImage BlankFace(qreal ratio) {
+    QImage face(QSize(kCardWidth, kCardHeight) * ratio, QImage::Format_ARGB32_Premultiplied);
+    face.setDevicePixelRatio(ratio);
+    face.fill(Qt::transparent);
+    return face;
+}
+
+// A face for a card the deck lacks: white, crossed out in red, named.
+void PaintPlaceholder(QPainter& painter, const QString& elementId) {
+    const QRectF card(0.5, 0.5, kCardWidth - 1, kCardHeight - 1);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::darkGray, 1));
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(card, 3, 3);
+    painter.setPen(QPen(Qt::red, 3));
+    painter.drawLine(QPointF(8, 8), QPointF(kCardWidth - 8, kCardHeight - 8));
+    painter.drawLine(QPointF(kCardWidth - 8, 8), QPointF(8, kCardHeight - 8));
+    QFont font = painter.font();
+    font.setPixelSize(9);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(card.adjusted(2, 2, -2, -2), Qt::AlignHCenter | Qt::AlignTop, elementId);
+}
+
+}  // namespace
+
+QString CardElementId(int card) {
+    static const char* const kRanks[13] = {"1", "2", "3", "4",  "5",     "6",    "7",
+                                           "8", "9", "10", "jack", "queen", "king"};
+    static const char* const kSuits[4] = {"club", "diamond", "heart", "spade"};
+    return QStringLiteral("%1_%2").arg(kRanks[card / 4], kSuits[card % 4]);
+}
+
+void SetCardDeckFile(const QString& path) { Cache().deckFile = path; }
+
+int cdtInit(std::int32_t& width, std::int32_t& height) {
+    CardCache& cache = Cache();
+    cache.loaded = false;
+    QSvgRenderer deck(cache.deckFile);
+    if (!deck.isValid()) return 0;
+    const qreal ratio = DisplayPixelRatio();
+    for (int card = 0; card < 52; ++card) {
+        const QString id = CardElementId(card);
+        QImage face = BlankFace(ratio);
+        QPainter painter(&face);
+        if (deck.elementExists(id))
+            deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));
+        else
+            PaintPlaceholder(painter, id);
+        painter.end();
+        cache.faces[card] = face;
+    }
+    cache.loaded = true;
+    width = kCardWidth;
+    height = kCardHeight;
+    return 1;
+}
+
+int cdtDraw(FormSurface& hdc, int x, int y, int card, int mode, std::int32_t /*colour*/) {
+    const CardCache& cache = Cache();
+    if (!cache.loaded || mode != 0 || card < 0 || card > 51) return 0;
+    const QImage& face = cache.faces[card];
+    hdc.Draw(QRect(x, y, kCardWidth, kCardHeight),
+             [&](QPainter& painter) { painter.drawImage(x, y, face); });
+    return 1;
+}
+
+void cdtTerm() {
+    CardCache& cache = Cache();
+    cache.faces = {};
+    cache.loaded = false;
+}
+
+}  // namespace platform

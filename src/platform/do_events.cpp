@@ -1,0 +1,19 @@
+#include "platform/do_events.h"
+
+#include <QAbstractEventDispatcher>
+#include <QTimer>
+
+#include "platform/platform_timer.h"
+
+namespace platform {
+
+void DoEvents() {
+    QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
+    if (!dispatcher || dispatcher->processEvents(QEventLoop::AllEvents)) return;
+    QTimer oneTick;
+    oneTick.setSingleShot(true);
+    oneTick.start(std::chrono::ceil<std::chrono::milliseconds>(kPlatformTick));
+    dispatcher->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+}  // namespace platform

@@ -1,0 +1,86 @@
+#include "platform/form_surface.h"
+
+#include <QPainter>
+#include <QWidget>
+
+#include "platform/pictures.h"
+
+namespace platform {
+
+namespace {
+
+QImage BlankImage(QSize size, qreal pixelRatio) {
+    QImage image(size * pixelRatio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(pixelRatio);
+    return image;
+}
+
+}  // namespace
+
+FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
+    : form_(form),
+      clientRect_(QPoint(0, 0), clientSize),
+      backColor_(backColor),
+      retained_(BlankImage(clientSize, DisplayPixelRatio())),
+      screen_(BlankImage(clientSize, DisplayPixelRatio())) {
+    Cls();
+}
+
+void FormSurface::SetPicture(const QPixmap& picture) {
+    picture_ = picture;
+    Cls();
+}
+
+void FormSurface::Cls() {
+    retained_.fill(backColor_);
+    if (!picture_.isNull()) {
+        QPainter painter(&retained_);
+        painter.drawPixmap(0, 0, picture_);
+    }
+    screen_ = retained_.copy();
+    if (form_) form_->update();
+}
+
+void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& paint) {
+    if (autoRedraw_) {
+        QPainter retained(&retained_);
+        paint(retained);
+    }
+    {
+        QPainter screen(&screen_);
+        paint(screen);
+    }
+    if (!form_) return;
+    if (autoRedraw_)
+        form_->update(area);
+    else
+        RepaintNow(area);
+}
+
+void FormSurface::Refresh() {
+    RestoreScreen(clientRect_);
+    if (form_) RepaintNow(clientRect_);
+}
+
+void FormSurface::Paint(QPainter& painter, const QRect& area) {
+    if (!ownRepaint_) RestoreScreen(area);
+    painter.save();
+    painter.setClipRect(area);
+    painter.drawImage(0, 0, screen_);
+    painter.restore();
+}
+
+void FormSurface::RestoreScreen(const QRect& area) {
+    QPainter painter(&screen_);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setClipRect(area);
+    painter.drawImage(0, 0, retained_);
+}
+
+void FormSurface::RepaintNow(const QRect& area) {
+    ownRepaint_ = true;
+    form_->repaint(area);
+    ownRepaint_ = false;
+}
+
+}  // namespace platform

@@ -1,0 +1,25 @@
+// The program's pictures: numbered resources and the art of the forms, all
+// drawn as SVG and rendered at the screen's pixel ratio so they stay sharp.
+#pragma once
+
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+
+namespace platform {
+
+enum ResPictureType { vbResBitmap = 0, vbResIcon = 1 };
+
+// Bitmap 100 is the table; icons 100 to 103 are the suits Clubs, Diamonds,
+// Hearts, Spades. A number the program doesn't hold gives an empty picture.
+QPixmap LoadResPicture(int id, ResPictureType type);
+
+// A form's own picture by name (":/art/<name>.svg"), at size in logical
+// pixels, or at the drawing's own size when size is empty.
+QPixmap LoadArtPicture(const QString& name, QSize size = QSize());
+
+// The highest pixel ratio of the screens: what pictures and cards are
+// rendered at.
+qreal DisplayPixelRatio();
+
+}  // namespace platform

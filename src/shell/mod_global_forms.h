@@ -1,0 +1,11 @@
+// The procedures of modGlobal that work on forms.
+#pragma once
+
+class QWidget;
+
+namespace modGlobal {
+
+// Puts the form in the middle of the screen, to the whole twip.
+void CenterForm(QWidget& form);
+
+}  // namespace modGlobal

@@ -1,0 +1,76 @@
+#include <chrono>
+#include <ctime>
+
+#include <gtest/gtest.h>
+
+#include "platform/do_events.h"
+#include "platform/platform_timer.h"
+
+using namespace std::chrono_literals;
+using platform::DoEvents;
+using platform::PlatformTimer;
+
+namespace {
+
+// Spins on DoEvents until done() or the time is up.
+template <class Done>
+void SpinUntil(Done done, std::chrono::milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!done() && std::chrono::steady_clock::now() < end) DoEvents();
+}
+
+}  // namespace
+
+TEST(PlatformTimer, IntervalsRoundUpToWholeTicks) {
+    EXPECT_EQ(PlatformTimer::TickedPeriod(0), 0us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(1), 15625us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(15), 15625us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(16), 31250us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(25), 31250us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(70), 78125us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(500), 500000us);
+    EXPECT_EQ(PlatformTimer::TickedPeriod(5000), 5000000us);
+}
+
+TEST(PlatformTimer, TwentyTicksOfOneMillisecondTakeAThirdOfASecondWithoutBurning) {
+    PlatformTimer timer;
+    int ticks = 0;
+    QObject::connect(&timer, &PlatformTimer::Timer, [&] { ++ticks; });
+    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t cpuStart = std::clock();
+    timer.SetInterval(1);
+    SpinUntil([&] { return ticks >= 20; }, 3000ms);
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    const double cpuSeconds = double(std::clock() - cpuStart) / CLOCKS_PER_SEC;
+
+    ASSERT_EQ(ticks, 20);
+    EXPECT_GE(elapsed, 312ms);
+    EXPECT_LT(elapsed, 1500ms);
+    EXPECT_LT(cpuSeconds, 0.5 * std::chrono::duration<double>(elapsed).count());
+}
+
+TEST(PlatformTimer, ZeroIntervalOrDisabledNeverFires) {
+    PlatformTimer zero;
+    PlatformTimer disabled;
+    int ticks = 0;
+    QObject::connect(&zero, &PlatformTimer::Timer, [&] { ++ticks; });
+    QObject::connect(&disabled, &PlatformTimer::Timer, [&] { ++ticks; });
+    zero.SetInterval(0);
+    disabled.SetInterval(1);
+    disabled.SetEnabled(false);
+    SpinUntil([] { return false; }, 100ms);
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST(PlatformTimer, HandlerThatDisablesTheTimerGetsOneTick) {
+    PlatformTimer timer;
+    int ticks = 0;
+    QObject::connect(&timer, &PlatformTimer::Timer, [&] {
+        ++ticks;
+        timer.SetEnabled(false);
+    });
+    timer.SetInterval(1);
+    SpinUntil([] { return false; }, 100ms);
+    EXPECT_EQ(ticks, 1);
+    EXPECT_FALSE(timer.Enabled());
+}
