@@ -45,6 +45,7 @@ std::string gsTitle;
 std::string gsWordPadPath;
 
 CMidiFile* goMidi = nullptr;
+MainFormLink* goMainForm = nullptr;
 
 std::int32_t glRandomSeed = 0;
 
@@ -77,6 +78,7 @@ void ResetGlobals() {
     gsTitle.clear();
     gsWordPadPath.clear();
     goMidi = nullptr;
+    goMainForm = nullptr;
     glRandomSeed = 0;
 }
 
@@ -108,14 +110,17 @@ DeckRandom* gDeckSource = &gClockDeckRandom;
 
 }  // namespace
 
+constexpr std::int32_t kModulus = 2147483647;
+
+std::int32_t SeedRandom() {
+    // The absolute value of the clock, kept inside the generator's range.
+    const std::int64_t now = TimeGetTime();
+    glRandomSeed = static_cast<std::int32_t>(std::llabs(now) % kModulus);
+    return glRandomSeed;
+}
+
 std::int32_t RandomInRange(std::int32_t a, std::int32_t b) {
-    constexpr std::int32_t kModulus = 2147483647;
-    if (glRandomSeed == 0) {
-        // abs of the most negative value would overflow; the clock never
-        // gives exactly that, but keep the seed non-zero and in range anyway.
-        std::int64_t now = TimeGetTime();
-        glRandomSeed = static_cast<std::int32_t>(std::llabs(now) % kModulus);
-    }
+    if (glRandomSeed == 0) SeedRandom();
     // The quotient is rounded to the nearest integer (ties to even), not
     // truncated as in the textbook form of this generator; the rounded form
     // is the one the game has always used.

@@ -12,6 +12,7 @@
 #include "engine/cards.h"
 
 class CMidiFile;
+class MainFormLink;
 
 namespace modGlobal {
 
@@ -66,11 +67,15 @@ extern std::string gsHelpFor;
 extern std::string gsTitle;
 extern std::string gsWordPadPath;  // set at start-up and read by nothing
 
-// --- the one music device ---------------------------------------------------
+// --- the one music device, and the main form as the dialogs see it --------
 extern CMidiFile* goMidi;
+extern MainFormLink* goMainForm;  // null until the main form is loaded
 
 // --- the program's random numbers -------------------------------------------
 extern std::int32_t glRandomSeed;
+
+// Seeds the generator from the millisecond clock; gives the seed.
+std::int32_t SeedRandom();
 
 // A number between a and b, both inclusive, in either order, from the
 // program's own multiplicative generator.

@@ -1,0 +1,141 @@
+// FDovrin: the menu bar, and the three options that each show as a pair of
+// entries of which only the one offering the change is visible.
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "platform/msgbox.h"
+#include "platform/runtime.h"
+#include "sound/mod_sound_lib.h"
+#include "table/f_animate.h"
+#include "table/f_dovrin.h"
+
+using namespace modGlobal;
+
+namespace {
+
+QAction* AddEntry(QMenu* menu, const char* caption, const QKeySequence& key = {}) {
+    QAction* action = menu->addAction(QString::fromUtf8(caption));
+    if (!key.isEmpty()) action->setShortcut(key);
+    return action;
+}
+
+}  // namespace
+
+void FDovrin::CreateMenus() {
+    mnuFileH = menuBar()->addMenu(QStringLiteral("&File"));
+    mnuFile[0] = AddEntry(mnuFileH, "&New Game", QKeySequence(Qt::CTRL | Qt::Key_N));
+    mnuFile[1] = AddEntry(mnuFileH, "&Exit Dovrin", QKeySequence(Qt::CTRL | Qt::Key_X));
+    mnuFileH->addSeparator();
+    mnuSendScore = AddEntry(mnuFileH, "&Send Score...", QKeySequence(Qt::CTRL | Qt::Key_R));
+    mnuTopTen = AddEntry(mnuFileH, "&Top Ten List...", QKeySequence(Qt::CTRL | Qt::Key_T));
+    for (int index = 0; index < 2; ++index)
+        connect(mnuFile[index], &QAction::triggered, this, [this, index] { mnuFile_Click(index); });
+
+    mnuUserH = menuBar()->addMenu(QStringLiteral("&Players"));
+    mnuUser[0] = AddEntry(mnuUserH, "&Edit Player Names...", QKeySequence(Qt::CTRL | Qt::Key_U));
+    mnuUser[1] = AddEntry(mnuUserH, "&Change Player...", QKeySequence(Qt::CTRL | Qt::Key_C));
+    mnuUserH->addSeparator();
+    mnuWinnings = AddEntry(mnuUserH, "&Your Statistics...", QKeySequence(Qt::Key_F9));
+
+    // The Ctrl keys in these captions are plain text: the form's key
+    // handler does the work.
+    mnuOptionH = menuBar()->addMenu(QStringLiteral("&Options"));
+    mnuOption[0] = AddEntry(mnuOptionH, "Turn &Animals On           Ctrl+A");
+    mnuOption[1] = AddEntry(mnuOptionH, "Turn A&nimals Off           Ctrl+A");
+    mnuOption[2] = mnuOptionH->addSeparator();
+    mnuOption[3] = AddEntry(mnuOptionH, "Turn &Music On              Ctrl+M");
+    mnuOption[4] = AddEntry(mnuOptionH, "Turn M&usic Off              Ctrl+M");
+    mnuOption[5] = AddEntry(mnuOptionH, "Turn &Sound On             Ctrl+S");
+    mnuOption[6] = AddEntry(mnuOptionH, "Turn S&ound Off             Ctrl+S");
+    for (int index : {0, 1, 3, 4, 5, 6})
+        connect(mnuOption[index], &QAction::triggered, this,
+                [this, index] { mnuOption_Click(index); });
+    mnuOptionH->addSeparator();
+    // F7 and F8 stand in the captions only: no key is behind them.
+    mnuAnim = AddEntry(mnuOptionH, "Anima&tion Speed...         F7");
+    connect(mnuAnim, &QAction::triggered, this, &FDovrin::mnuAnim_Click);
+    mnuDBPath = AddEntry(mnuOptionH, "&Database Path...            F8");
+
+    mnuHelpH = menuBar()->addMenu(QStringLiteral("&Help"));
+    mnuHelp[0] = AddEntry(mnuHelpH, "How to &Play...", QKeySequence(Qt::Key_F1));
+    mnuHelp[1] = AddEntry(mnuHelpH, "How to &Contact Us...", QKeySequence(Qt::Key_F3));
+    mnuHelp[2] = AddEntry(mnuHelpH, "Playing on a Network...", QKeySequence(Qt::Key_F4));
+    mnuHelpH->addSeparator();
+    mnuAbout = AddEntry(mnuHelpH, "&About Dovrin...", QKeySequence(Qt::CTRL | Qt::Key_B));
+    mnuDistribute = AddEntry(mnuHelpH, "&Distributing Dovrin...", QKeySequence(Qt::CTRL | Qt::Key_D));
+}
+
+void FDovrin::SetOptionMenuVisible(int index, bool visible) {
+    mnuOption.at(index)->setVisible(visible);
+}
+
+void FDovrin::mnuFile_Click(int index) {
+    if (index == 0) {
+        // No question: the running game is dropped without a record.
+        game_.miHandNo = 0;
+        game_.miLevel = 0;
+        SetCaption(gsTitle + " - Level " + std::to_string(game_.miLevel + 1) + " (1st Hand)");
+        StartGame(true);
+    } else if (index == 1) {
+        UnloadMainForm();
+    }
+}
+
+// Switching on sets the option before its announcement, switching off after
+// it, so both announcements are heard.
+void FDovrin::mnuOption_Click(int index) {
+    auto offer = [this](int hide, int show) {
+        mnuOption[hide]->setVisible(false);
+        mnuOption[show]->setVisible(true);
+    };
+    switch (index) {
+        case 0:
+            gbAnimalsOn = true;
+            modSoundLib::PlayAnimalEffect("ANIMALSON");
+            offer(0, 1);
+            break;
+        case 1:
+            modSoundLib::PlayAnimalEffect("ANIMALSON");
+            gbAnimalsOn = false;
+            offer(1, 0);
+            break;
+        case 3:
+            SetMusicEnabled(true);
+            modSoundLib::PlayEffect("MUSICON");
+            offer(3, 4);
+            break;
+        case 4:
+            modSoundLib::PlayEffect("MUSICON");
+            SetMusicEnabled(false);
+            offer(4, 3);
+            break;
+        case 5:
+            gbSoundOn = true;
+            modSoundLib::PlayEffect("SOUNDON");
+            offer(5, 6);
+            break;
+        case 6:
+            modSoundLib::PlayEffect("SOUNDON");
+            gbSoundOn = false;
+            offer(6, 5);
+            break;
+        default: break;
+    }
+}
+
+// The one form shown without modality; a second click brings it forward.
+void FDovrin::mnuAnim_Click() {
+    if (animate_) {
+        animate_->raise();
+        animate_->activateWindow();
+        return;
+    }
+    try {
+        animate_ = new FAnimate(this);
+        animate_->show();
+    } catch (const platform::RuntimeError& error) {
+        // A speed from the settings file beyond the bar's range.
+        platform::MsgBox(error.Description(), platform::kExclamation, "Animation Speed");
+    }
+}

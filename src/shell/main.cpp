@@ -1,0 +1,32 @@
+// The program's entry: measures the screen, reads the copy-link option, and
+// shows the main form, whose events then carry the run.
+#include <QApplication>
+#include <QScreen>
+
+#include "engine/mod_global.h"
+#include "platform/msgbox.h"
+#include "platform/runtime.h"
+#include "storage/settings_file.h"
+#include "table/f_dovrin.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
+    QApplication::setDesktopFileName(QStringLiteral("lantern-dovrin"));
+    try {
+        const QSize screen = QGuiApplication::primaryScreen()->geometry().size();
+        modGlobal::gbMaximize = screen.width() == 640 && screen.height() == 480;
+        modGlobal::gsWordPadPath = "/usr/bin/xdg-open";
+        bool noUser = false;
+        modGlobal::gbCopyLink = modGlobal::ReadCopyLinkOption(noUser);
+    } catch (const platform::RuntimeError& error) {
+        platform::MsgBox(std::to_string(error.Number()) + ": " + error.Description(),
+                         platform::kExclamation, "Dovrin (Sub Main)");
+        return 0;
+    }
+    auto* form = new FDovrin;
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->Form_Load();
+    form->show();
+    return QApplication::exec();
+}

@@ -1,0 +1,16 @@
+// What the dialogs reach on the main form: the answer box in the Tag of its
+// button cmdUser, the seat names, the money captions and the statistics entry
+// of the menu. The main form implements it; tests use a fake.
+#pragma once
+
+#include <string>
+
+class MainFormLink {
+public:
+    virtual ~MainFormLink() = default;
+    virtual std::string UserTag() const = 0;  // cmdUser.Tag
+    virtual void SetUserTag(const std::string& tag) = 0;
+    virtual void SetPlayerName(int seat, const std::string& name) = 0;  // lblPlayer(seat)
+    virtual std::string MoneyCaption(int seat) const = 0;               // lblAmt(seat)
+    virtual void SetWinningsCaption(const std::string& caption) = 0;    // mnuWinnings
+};

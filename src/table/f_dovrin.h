@@ -1,0 +1,184 @@
+// FDovrin: the main form, the card table. It owns the game and is the table
+// the game is played on; its handlers are the game's control flow. The file
+// is split by concern:
+//   table/f_dovrin.cpp          the controls and their places
+//   table/f_dovrin_surface.cpp  painting, seat panels, card flights, forms of a hand's end
+//   table/f_dovrin_input.cpp    mouse, keys and the hover boxes
+//   shell/f_dovrin_life.cpp     load, first activation, shut-down
+//   shell/f_dovrin_menus.cpp    the menu bar and the options
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include "engine/game_state.h"
+#include "platform/form_surface.h"
+#include "platform/platform_timer.h"
+#include "shell/main_form_link.h"
+#include "storage/settings_file.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+class QPushButton;
+class FAnimate;
+class TableCanvas;
+
+// A rounded rectangle with a solid fill or none, as the table's shapes are.
+class ShapeWidget : public QWidget {
+    Q_OBJECT
+public:
+    ShapeWidget(QWidget* parent, bool filled);
+    std::int32_t FillColor() const { return fillColor_; }
+    void SetFillColor(std::int32_t bgr);  // 0xBBGGRR
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool filled_;
+    std::int32_t fillColor_ = 0;
+};
+
+class FDovrin : public QMainWindow,
+                public Table,
+                public MainFormLink,
+                public storage::SettingsForm {
+    Q_OBJECT
+public:
+    explicit FDovrin(QWidget* parent = nullptr);
+    ~FDovrin() override;
+
+    Game& game() { return game_; }
+    platform::FormSurface& surface() { return surface_; }
+
+    // --- the controls of the table (seat-indexed arrays) ---
+    std::array<ShapeWidget*, 4> shpPlayer{};
+    std::array<QLabel*, 4> lblPlayer{};
+    std::array<QLabel*, 4> lblCardNo{};
+    std::array<QLabel*, 4> imgSad{};
+    std::array<QLabel*, 4> imgSuit{};
+    std::array<QLabel*, 4> lblAmt{};
+    std::array<QLabel*, 4> lblCardsLeft{};
+    std::array<ShapeWidget*, 4> shpRect{};
+    QLabel* lblPot = nullptr;
+    QPushButton* cmdWantMore = nullptr;
+    QPushButton* cmdUser = nullptr;
+    platform::PlatformTimer tmrCount;
+
+    // --- the menu bar ---
+    QMenu* mnuFileH = nullptr;
+    QMenu* mnuUserH = nullptr;
+    QMenu* mnuOptionH = nullptr;
+    QMenu* mnuHelpH = nullptr;
+    std::array<QAction*, 2> mnuFile{};
+    std::array<QAction*, 2> mnuUser{};
+    std::array<QAction*, 7> mnuOption{};
+    std::array<QAction*, 3> mnuHelp{};
+    QAction* mnuSendScore = nullptr;
+    QAction* mnuTopTen = nullptr;
+    QAction* mnuWinnings = nullptr;
+    QAction* mnuAnim = nullptr;
+    QAction* mnuDBPath = nullptr;
+    QAction* mnuAbout = nullptr;
+    QAction* mnuDistribute = nullptr;
+
+    // --- life cycle (shell/f_dovrin_life.cpp) ---
+    // False when the load failed and the program is to end.
+    bool Form_Load();
+    void Form_Activate();
+    void Form_QueryUnload();
+    void StartGame(bool newGame);
+
+    // --- menus and options (shell/f_dovrin_menus.cpp) ---
+    void mnuFile_Click(int index);
+    void mnuOption_Click(int index);
+    void mnuAnim_Click();
+
+    // --- mouse and keys (table/f_dovrin_input.cpp) ---
+    void Form_MouseDown(float x, float y);
+    void Form_Click();
+    void Form_MouseMove(float x, float y);
+    void cmdUser_Click();
+    void Form_KeyDown(int keyCode, int shift);
+    void Form_KeyPress(int keyAscii);
+    std::int32_t miLastMouseX = 0;  // the last position seen by the hover boxes, twips
+    std::int32_t miLastMouseY = 0;
+
+    // --- the table the game is played on (table/f_dovrin_surface.cpp) ---
+    void SetAutoRedraw(bool on) override;
+    void Cls() override;
+    void DrawCardsPlayed(const std::vector<Card>& cardsPlayed) override;
+    void DrawUserHand(const std::vector<Card>& hand, int leftTwips, int topTwips,
+                      int spacingTwips) override;
+    int FormWidth() const override;
+    void PlayFromLeft(Card card) override;
+    void PlayFromTop(Card card) override;
+    void PlayFromRight(Card card) override;
+    void SetTurnMarker(int seat, bool onTurn) override;
+    void ShowSeatCard(int seat, Card card) override;
+    void ShowSeatSad(int seat, bool clearCardText) override;
+    void ClearSeatPanel(int seat) override;
+    void SetCardsLeft(int seat, int count) override;
+    void SetMoney(int seat, int money) override;
+    void SetPot(int pot) override;
+    void SetCaption(const std::string& caption) override;
+    void PlayEffect(const std::string& key) override;
+    void ShowMessage() override;
+    void DoEvents() override;
+    void ShowHandOver() override;
+    void ShowGameOver() override;
+    std::string UserTag() const override;
+    void SetUserTag(const std::string& tag) override;
+    void RecoverDatabase() override;
+    void TopTenLoad() override;
+    bool CheckHighScore() override;
+    void TopTenSave() override;
+    void ShowTopTen() override;
+    void SetBusyPointer(bool busy) override;
+    void ReloadPicture() override;
+    void IniSave() override;
+    void ShowUserName() override;
+    void UnloadMainForm() override;
+
+    // --- what the dialogs reach ---
+    void SetPlayerName(int seat, const std::string& name) override;
+    std::string MoneyCaption(int seat) const override;
+    void SetWinningsCaption(const std::string& caption) override;
+
+    // --- what the settings reach ---
+    void SetOptionMenuVisible(int index, bool visible) override;
+    bool MusicEnabled() const override;
+    void SetMusicEnabled(bool enabled) override;
+    int WindowState() const override;
+    void SetWindowState(int state) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    friend class TableCanvas;
+    void CreateControls();
+    void CreateMenus();
+    void DrawCard(int xPixels, int yPixels, Card card);
+    // One flight: waits and draws at each position from start toward the
+    // target, then once more exactly on the target.
+    void Fly(Card card, int startX, int startY, int stepX, int stepY);
+
+    TableCanvas* canvas_ = nullptr;
+    platform::FormSurface surface_;
+    Game game_;
+    std::string userTag_;  // the Tag of cmdUser
+    bool mbActivated = false;
+    bool musicEnabled_ = true;  // the music object's Enabled, until the music device exists
+    bool unloading_ = false;
+    std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
+    std::int32_t mlCardHeight = 0;  // the table uses its own card size in twips
+    QPointer<FAnimate> animate_;
+};
