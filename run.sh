@@ -4,4 +4,4 @@ set -euo pipefail
 cd "$(dirname "$0")"
 ./scripts/install-deps.sh
 ./scripts/build.sh
-exec build/bin/dovrin-sim --games 1000 "$@"
+exec build/program/dovrin "$@"

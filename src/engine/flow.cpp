@@ -249,19 +249,23 @@ void Game::EndOfGameDispatch() {
         }
         // Unlike a change of user from the menu, this path doesn't look at
         // whether the user form was cancelled.
-        mbGameOver = false;
-        miLevel = 0;
-        gaScoresOne.clear();
-        gaScoresTwo.clear();
-        gaScoresThree.clear();
-        gaScoresUser.clear();
-        miHandNo = 0;
-        table_.ReloadPicture();
-        table_.SetCaption(gsTitle + " - Level 1 (1st Hand)");
-        StartGame(true);
+        NewGameForNewUser();
     }
     // Any other answer: the form was closed some other way and the table
     // stays as it is.
+}
+
+void Game::NewGameForNewUser() {
+    mbGameOver = false;
+    miLevel = 0;
+    gaScoresOne.clear();
+    gaScoresTwo.clear();
+    gaScoresThree.clear();
+    gaScoresUser.clear();
+    miHandNo = 0;
+    table_.ReloadPicture();
+    table_.SetCaption(gsTitle + " - Level 1 (1st Hand)");
+    StartGame(true);
 }
 
 std::string Game::HandText(int handNo) {

@@ -62,6 +62,8 @@ public:
     void tmrCount_Timer();
     void ShowPlayedCard(int seat, Card card);
     void EndOfGameDispatch();
+    // A new game at level 0 with fresh scores, after the user was chosen anew.
+    void NewGameForNewUser();
     static std::string HandText(int handNo);  // " (1st Hand)" ...
     void WriteHandCaption();
 

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QMenu>
+#include <QPushButton>
 #include <QTimer>
 
 #include "platform/card_library.h"
@@ -13,8 +14,11 @@
 #include "platform/runtime.h"
 #include "shell/mod_global_forms.h"
 #include "storage/database_check.h"
+#include "storage/f_top_ten.h"
 #include "storage/mod_global_db.h"
 #include "table/f_dovrin.h"
+#include "table/f_game_over.h"
+#include "users/f_user_name.h"
 
 using namespace modGlobal;
 
@@ -43,7 +47,8 @@ bool FDovrin::Form_Load() {
         SeedRandom();
         ReloadPicture();
         SetWindowState(gbMaximize ? 2 : 0);
-        SetChangeUserHook([this](bool) { StartGame(true); });
+        SetChangeUserHook([this](bool pbFirst) { ChangeUser(pbFirst); });
+        loaded_ = true;
         return true;
     } catch (const std::exception& error) {
         failure = error.what();
@@ -55,26 +60,52 @@ bool FDovrin::Form_Load() {
 
 void FDovrin::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    // The first activation runs once the window is on screen.
-    if (!mbActivated) QTimer::singleShot(0, this, &FDovrin::Form_Activate);
+    // The first activation of a loaded form runs once the window is on screen.
+    if (loaded_ && !mbActivated) QTimer::singleShot(0, this, &FDovrin::Form_Activate);
 }
 
-// Until the user forms take their place, the first activation starts a game
-// straight away with the default names.
 void FDovrin::Form_Activate() {
     if (mbActivated) return;
     userTag_.clear();
+    ShowUserName("E&xit");
+    if (gbDbFailed) {
+        // The database went away under the user form: the default one may
+        // take over, and the user chooses again there.
+        if (!gbDbSwitched) platform::EndProgramNow();
+        gbDbFailed = false;
+        gbDbSwitched = false;
+        gsDbPath = platform::AppPath();
+        userTag_.clear();
+        ShowUserName("E&xit");
+        if (gbDbFailed) platform::EndProgramNow();
+    }
+    const std::string tag = userTag_;
     mbActivated = true;
-    if (gsUserName.empty()) gsUserName = "Player";
-    if (gsOpponent1.empty()) gsOpponent1 = "Player 1";
-    if (gsOpponent2.empty()) gsOpponent2 = "Player 2";
-    if (gsOpponent3.empty()) gsOpponent3 = "Player 3";
-    if (gsSkillLevel.empty()) gsSkillLevel = "Easy";
-    SetPlayerName(0, gsOpponent1);
-    SetPlayerName(1, gsOpponent2);
-    SetPlayerName(2, gsOpponent3);
-    SetPlayerName(3, gsUserName);
-    StartGame(true);
+    if (tag == "X")
+        UnloadMainForm();
+    else
+        StartGame(true);
+}
+
+void FDovrin::ChangeUser(bool pbFirst) {
+    storage::Ini_Save(*this);
+    userTag_.clear();
+    ShowUserName(pbFirst ? "&Exit" : "&Cancel");
+    if (gbDbFailed) {
+        RecoverDatabase();
+        return;
+    }
+    if (userTag_ != "X")
+        game_.NewGameForNewUser();
+    else if (pbFirst)
+        UnloadMainForm();
+}
+
+void FDovrin::ShowUserName(const std::string& exitCaption) {
+    FUserName userName(this);
+    if (!exitCaption.empty())
+        userName.cmdUserName[1]->setText(QString::fromStdString(exitCaption));
+    userName.exec();
 }
 
 void FDovrin::StartGame(bool newGame) { game_.StartGame(newGame); }
@@ -99,21 +130,25 @@ void FDovrin::IniSave() { storage::Ini_Save(*this); }
 
 void FDovrin::RecoverDatabase() { modGlobal::RecoverDatabase(); }
 
-// Until the end-of-game form exists, a finished game is followed by the next.
 void FDovrin::ShowGameOver() {
-    gbUserWon = false;
-    userTag_ = "YES";
+    FGameOver gameOver(this);
+    gameOver.exec();
 }
 
-void FDovrin::TopTenLoad() {}
+void FDovrin::TopTenLoad() { topTen_.TopTenLoad(); }
 
-bool FDovrin::CheckHighScore() { return false; }
+bool FDovrin::CheckHighScore() { return topTen_.CheckHighScore(); }
 
-void FDovrin::TopTenSave() {}
+void FDovrin::TopTenSave() { topTen_.TopTenSave(); }
 
-void FDovrin::ShowTopTen() {}
+void FDovrin::ShowTopTen() {
+    FTopTen topTen(this);
+    topTen.exec();
+}
 
-void FDovrin::ShowUserName() {}
+// After a game, the user form sees "CHANGE" in the tag and names its second
+// button itself.
+void FDovrin::ShowUserName() { ShowUserName(""); }
 
 void FDovrin::SetWinningsCaption(const std::string& caption) {
     mnuWinnings->setText(QString::fromStdString(caption));

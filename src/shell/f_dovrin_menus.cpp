@@ -9,6 +9,8 @@
 #include "sound/mod_sound_lib.h"
 #include "table/f_animate.h"
 #include "table/f_dovrin.h"
+#include "users/f_user_edit.h"
+#include "users/f_user_stats.h"
 
 using namespace modGlobal;
 
@@ -29,6 +31,7 @@ void FDovrin::CreateMenus() {
     mnuFileH->addSeparator();
     mnuSendScore = AddEntry(mnuFileH, "&Send Score...", QKeySequence(Qt::CTRL | Qt::Key_R));
     mnuTopTen = AddEntry(mnuFileH, "&Top Ten List...", QKeySequence(Qt::CTRL | Qt::Key_T));
+    connect(mnuTopTen, &QAction::triggered, this, &FDovrin::mnuTopTen_Click);
     for (int index = 0; index < 2; ++index)
         connect(mnuFile[index], &QAction::triggered, this, [this, index] { mnuFile_Click(index); });
 
@@ -37,6 +40,9 @@ void FDovrin::CreateMenus() {
     mnuUser[1] = AddEntry(mnuUserH, "&Change Player...", QKeySequence(Qt::CTRL | Qt::Key_C));
     mnuUserH->addSeparator();
     mnuWinnings = AddEntry(mnuUserH, "&Your Statistics...", QKeySequence(Qt::Key_F9));
+    for (int index = 0; index < 2; ++index)
+        connect(mnuUser[index], &QAction::triggered, this, [this, index] { mnuUser_Click(index); });
+    connect(mnuWinnings, &QAction::triggered, this, &FDovrin::mnuWinnings_Click);
 
     // The Ctrl keys in these captions are plain text: the form's key
     // handler does the work.
@@ -138,4 +144,25 @@ void FDovrin::mnuAnim_Click() {
         // A speed from the settings file beyond the bar's range.
         platform::MsgBox(error.Description(), platform::kExclamation, "Animation Speed");
     }
+}
+
+void FDovrin::mnuTopTen_Click() {
+    giTopTenRow = 99;  // no row is new
+    ShowTopTen();
+    if (gbDbFailed) RecoverDatabase();
+}
+
+void FDovrin::mnuUser_Click(int index) {
+    if (index == 0) {
+        FUserEdit userEdit(this);
+        userEdit.exec();
+        if (gbDbFailed) RecoverDatabase();
+    } else {
+        ChangeUser(false);
+    }
+}
+
+void FDovrin::mnuWinnings_Click() {
+    FUserStats userStats(this);
+    userStats.exec();
 }

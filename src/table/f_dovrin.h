@@ -20,6 +20,7 @@
 #include "platform/platform_timer.h"
 #include "shell/main_form_link.h"
 #include "storage/settings_file.h"
+#include "storage/top_ten.h"
 
 class QAction;
 class QLabel;
@@ -93,11 +94,15 @@ public:
     void Form_Activate();
     void Form_QueryUnload();
     void StartGame(bool newGame);
+    void ChangeUser(bool pbFirst);
 
     // --- menus and options (shell/f_dovrin_menus.cpp) ---
     void mnuFile_Click(int index);
     void mnuOption_Click(int index);
     void mnuAnim_Click();
+    void mnuTopTen_Click();
+    void mnuUser_Click(int index);
+    void mnuWinnings_Click();
 
     // --- mouse and keys (table/f_dovrin_input.cpp) ---
     void Form_MouseDown(float x, float y);
@@ -166,6 +171,9 @@ private:
     friend class TableCanvas;
     void CreateControls();
     void CreateMenus();
+    // Shows the user form with this caption on its second button; an empty
+    // caption leaves the form's own.
+    void ShowUserName(const std::string& exitCaption);
     void DrawCard(int xPixels, int yPixels, Card card);
     // One flight: waits and draws at each position from start toward the
     // target, then once more exactly on the target.
@@ -175,10 +183,12 @@ private:
     platform::FormSurface surface_;
     Game game_;
     std::string userTag_;  // the Tag of cmdUser
+    bool loaded_ = false;  // Form_Load has run
     bool mbActivated = false;
     bool musicEnabled_ = true;  // the music object's Enabled, until the music device exists
     bool unloading_ = false;
     std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
     std::int32_t mlCardHeight = 0;  // the table uses its own card size in twips
     QPointer<FAnimate> animate_;
+    storage::TopTenList topTen_;  // the working copy in which a new score is placed
 };

@@ -1,0 +1,31 @@
+// FUserStats: the current user's totals, with a reset to zero. Works on the
+// globals only. Shown modally; each opening builds a fresh form.
+#pragma once
+
+#include <array>
+
+#include <QDialog>
+#include <QPixmap>
+
+class QLabel;
+class QPushButton;
+
+class FUserStats : public QDialog {
+    Q_OBJECT
+public:
+    explicit FUserStats(QWidget* parent = nullptr);
+
+    std::array<QLabel*, 6> lblUserStats;
+    std::array<QLabel*, 3> lblStats;
+    std::array<QPushButton*, 2> cmdUserStats;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Form_Load();
+    void ShowTotals();
+    void cmdUserStats_Click(int index);
+
+    QPixmap picture_;
+};

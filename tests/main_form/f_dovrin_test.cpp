@@ -1,0 +1,225 @@
+// The main form as a table: its controls, the flights, the repaint protocol,
+// the hover boxes, the keys and the menu tree.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+#include "platform/card_library.h"
+#include "platform/msgbox.h"
+#include "platform/twips.h"
+#include "sound/mod_sound_lib.h"
+#include "table/f_dovrin.h"
+
+using platform::TwipsRect;
+
+namespace {
+
+// Counts the paints of a widget: each position of a flight repaints at once.
+class PaintCounter : public QObject {
+public:
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+};
+
+class MainFormTest : public ::testing::Test {
+protected:
+    std::vector<std::string> keys;
+    std::unique_ptr<FDovrin> form;
+
+    void SetUp() override {
+        modGlobal::ResetGlobals();
+        std::int32_t width = 0, height = 0;
+        ASSERT_NE(platform::cdtInit(width, height), 0);
+        form = std::make_unique<FDovrin>();
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+        modSoundLib::SetKeyObserver(
+            [this](const std::string& key, bool) { keys.push_back(key); });
+    }
+    void TearDown() override {
+        modSoundLib::SetKeyObserver(nullptr);
+        form.reset();
+    }
+    QWidget* Canvas() { return form->centralWidget(); }
+    QRgb ScreenPixel(int x, int y) {
+        return form->surface().ScreenImage().pixel(QPoint(x, y) *
+                                                   form->surface().ScreenImage().devicePixelRatio());
+    }
+    QRgb RetainedPixel(int x, int y) {
+        return form->surface().RetainedImage().pixel(
+            QPoint(x, y) * form->surface().RetainedImage().devicePixelRatio());
+    }
+};
+
+}  // namespace
+
+TEST_F(MainFormTest, ControlsStandAtTheirPlaces) {
+    EXPECT_EQ(Canvas()->size(), QSize(642, 446));
+    EXPECT_EQ(form->shpPlayer[0]->geometry(), TwipsRect(120, 4320, 1575, 375));
+    EXPECT_EQ(form->shpPlayer[2]->geometry(), TwipsRect(7920, 120, 1575, 375));
+    EXPECT_EQ(form->lblCardNo[1]->geometry(), TwipsRect(680, 600, 495, 450));
+    EXPECT_EQ(form->imgSad[3]->geometry(), TwipsRect(8580, 4800, 480, 450));
+    EXPECT_EQ(form->imgSuit[2]->geometry(), TwipsRect(9000, 600, 480, 450));
+    EXPECT_EQ(form->lblAmt[0]->geometry(), TwipsRect(600, 5400, 855, 450));
+    EXPECT_EQ(form->lblCardsLeft[3]->geometry(), TwipsRect(8640, 6000, 615, 450));
+    EXPECT_EQ(form->shpRect[1]->geometry(), TwipsRect(0, 4200, 1815, 2415));
+    EXPECT_EQ(form->lblPot->geometry(), TwipsRect(120, 3120, 1215, 450));
+    EXPECT_EQ(form->cmdWantMore->geometry(), TwipsRect(7920, 2520, 1575, 615));
+    EXPECT_EQ(form->cmdUser->geometry(), TwipsRect(7920, 3250, 1575, 840));
+    EXPECT_EQ(form->lblAmt[2]->text(), "200");
+    EXPECT_EQ(form->lblCardsLeft[1]->text(), "13");
+    EXPECT_FALSE(form->imgSad[0]->isVisibleTo(form.get()));
+    EXPECT_EQ(form->shpPlayer[1]->FillColor(), kMarkerIdle);
+}
+
+TEST_F(MainFormTest, SeatPanelsShowTheLastCardOrTheSadFace) {
+    form->ShowSeatCard(1, 48 + 2);  // King of Hearts
+    EXPECT_EQ(form->lblCardNo[1]->text(), "K");
+    EXPECT_FALSE(form->imgSuit[1]->pixmap().isNull());
+    form->ShowSeatSad(1, false);
+    EXPECT_TRUE(form->imgSad[1]->isVisibleTo(form.get()));
+    EXPECT_FALSE(form->lblCardNo[1]->isVisibleTo(form.get()));
+    EXPECT_EQ(form->lblCardNo[1]->text(), "K");  // a computer's last text stays underneath
+    EXPECT_TRUE(form->imgSuit[1]->pixmap().isNull());
+    form->ShowSeatSad(3, true);
+    EXPECT_EQ(form->lblCardNo[3]->text(), "");
+    form->SetTurnMarker(2, true);
+    EXPECT_EQ(form->shpPlayer[2]->FillColor(), kMarkerOnTurn);
+    form->SetPot(35);
+    EXPECT_EQ(form->lblPot->text(), "$35");
+}
+
+TEST_F(MainFormTest, AFlightTakesEveryFifthPixelAndEndsOnItsTarget) {
+    PaintCounter counter;
+    Canvas()->installEventFilter(&counter);
+    modGlobal::glAnimSpeed = 0;
+    form->SetAutoRedraw(false);
+    // The Two of Hearts flies to X 432: positions 0, 5 .. 430 and the final draw.
+    form->PlayFromLeft(4 + 2);
+    EXPECT_EQ(counter.paints, 87 + 1);
+    // A King from the top: one position at Y 0 and the final draw there.
+    counter.paints = 0;
+    form->PlayFromTop(48);
+    EXPECT_EQ(counter.paints, 2);
+    Canvas()->removeEventFilter(&counter);
+}
+
+TEST_F(MainFormTest, FlownCardsReachTheRetainedImageOnlyWithTheRedraw) {
+    modGlobal::glAnimSpeed = 0;
+    const QPoint inCard(432 + 35, 208 + 48);  // middle of the Ace of Hearts' place
+    const QRgb before = RetainedPixel(inCard.x(), inCard.y());
+    form->SetAutoRedraw(false);
+    form->PlayFromLeft(2);
+    EXPECT_NE(ScreenPixel(inCard.x(), inCard.y()), before);
+    EXPECT_EQ(RetainedPixel(inCard.x(), inCard.y()), before);
+    // The trail lies on the screen too, left of the card.
+    EXPECT_NE(ScreenPixel(200, 208 + 48), RetainedPixel(200, 208 + 48));
+    form->SetAutoRedraw(true);
+    form->Cls();
+    EXPECT_EQ(ScreenPixel(200, 208 + 48), RetainedPixel(200, 208 + 48));
+    form->DrawCardsPlayed({2});
+    EXPECT_EQ(RetainedPixel(inCard.x(), inCard.y()), ScreenPixel(inCard.x(), inCard.y()));
+    EXPECT_NE(RetainedPixel(inCard.x(), inCard.y()), before);
+}
+
+TEST_F(MainFormTest, HoverSoundsOnCrossingIntoABox) {
+    form->game().mbUserTurn = true;
+    form->miLastMouseX = 3000;
+    form->miLastMouseY = 4200;
+    form->Form_MouseMove(1000, 4200);  // from the right at Y 4200: the pot comes first
+    form->Form_MouseMove(1000, 3000);  // moving about in the pot: nothing
+    form->Form_MouseMove(1000, 4300);  // down into the fox's corner from above
+    form->Form_MouseMove(1000, 4500);  // resting in the corner: nothing
+    form->miLastMouseX = 3000;
+    form->Form_MouseMove(1000, 2505);  // from the right at Y 2505: the pot again
+    form->Form_MouseMove(1000, 3000);
+    form->Form_MouseMove(1000, 2000);  // up into the owl's corner from below
+    form->Form_MouseMove(8000, 1000);  // right into the cat's corner from the left
+    form->Form_MouseMove(8000, 3000);  // out of it: the human's corner has no box
+    form->Form_MouseMove(8000, 5000);
+    EXPECT_EQ(keys, (std::vector<std::string>{"OVERPOT", "OVERPLAYER1", "OVERPOT", "OVERPLAYER2",
+                                             "OVERPLAYER3"}));
+
+    // While the computers move nothing sounds and the last position stays,
+    // so the first move afterwards can cross from a stale place.
+    keys.clear();
+    form->game().mbUserTurn = false;
+    form->Form_MouseMove(1000, 3000);
+    EXPECT_EQ(form->miLastMouseX, 8000);
+    EXPECT_TRUE(keys.empty());
+    form->game().mbUserTurn = true;
+    form->Form_MouseMove(1000, 3000);
+    EXPECT_EQ(keys, (std::vector<std::string>{"OVERPOT"}));
+}
+
+TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndOnlyCtrlAloneCounts) {
+    QTest::keyClick(form->cmdUser, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(modGlobal::gbAnimalsOn);
+    EXPECT_FALSE(form->mnuOption[0]->isVisible());
+    EXPECT_TRUE(form->mnuOption[1]->isVisible());
+    QTest::keyClick(form->cmdUser, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(modGlobal::gbAnimalsOn);
+    QTest::keyClick(form->cmdUser, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(modGlobal::gbSoundOn);
+    QTest::keyClick(form->cmdUser, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(modGlobal::gbSoundOn);
+    EXPECT_TRUE(form->mnuOption[5]->isVisible());
+    form->SetMusicEnabled(true);
+    QTest::keyClick(form.get(), Qt::Key_M, Qt::ControlModifier);
+    EXPECT_FALSE(form->MusicEnabled());
+    // Switching on sounds after the option is set, switching off before.
+    EXPECT_EQ(keys, (std::vector<std::string>{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
+}
+
+TEST_F(MainFormTest, EscapeAsksBeforeLeaving) {
+    platform::ScriptedResponder responder;
+    responder.Answer(platform::kAnswerNo);
+    QTest::keyClick(form->cmdUser, Qt::Key_Escape);
+    ASSERT_EQ(responder.Boxes().size(), 1u);
+    EXPECT_EQ(responder.Boxes()[0].text, "Are you sure you wish to exit Dovrin?");
+    EXPECT_EQ(responder.Boxes()[0].title, "The Game of Dovrin");
+    EXPECT_EQ(responder.Boxes()[0].style, 36);
+    EXPECT_TRUE(form->isVisible());
+}
+
+TEST_F(MainFormTest, TheMenuTreeKeepsItsCaptionsAndKeys) {
+    EXPECT_EQ(form->mnuFile[0]->text(), "&New Game");
+    EXPECT_EQ(form->mnuFile[0]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_N));
+    EXPECT_EQ(form->mnuFile[1]->text(), "&Exit Dovrin");
+    EXPECT_EQ(form->mnuOption[0]->text(), "Turn &Animals On           Ctrl+A");
+    EXPECT_EQ(form->mnuOption[4]->text(), "Turn M&usic Off              Ctrl+M");
+    EXPECT_EQ(form->mnuOption[6]->text(), "Turn S&ound Off             Ctrl+S");
+    EXPECT_TRUE(form->mnuOption[0]->shortcut().isEmpty());
+    EXPECT_EQ(form->mnuAnim->text(), "Anima&tion Speed...         F7");
+    EXPECT_TRUE(form->mnuAnim->shortcut().isEmpty());
+    EXPECT_EQ(form->mnuWinnings->shortcut(), QKeySequence(Qt::Key_F9));
+    EXPECT_EQ(form->mnuHelp[1]->shortcut(), QKeySequence(Qt::Key_F3));
+    EXPECT_EQ(form->mnuDistribute->text(), "&Distributing Dovrin...");
+}
+
+TEST_F(MainFormTest, AClickOnTheSevenOfHeartsOpensTheHand) {
+    modGlobal::glAnimSpeed = 0;
+    Game& game = form->game();
+    game.maHand3 = {0, 4, 26};
+    game.maCardsLeft = {13, 13, 13, 13};
+    game.DrawUserHand();
+    game.mbUserTurn = true;
+    game.mbUserCanPlay = true;
+    // The middle of the last card, in pixels of the client area.
+    const QPoint pixel(platform::TwipsToPixels(game.miCardLeft + 2 * 360 + 500),
+                       platform::TwipsToPixels(5100 + 700));
+    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, pixel);
+    EXPECT_TRUE(game.mbHandOpened);
+    EXPECT_NE(std::find(game.maCardsPlayed.begin(), game.maCardsPlayed.end(), 26),
+              game.maCardsPlayed.end());
+    EXPECT_EQ(form->lblCardNo[3]->text(), "7");
+}

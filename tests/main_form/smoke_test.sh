@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Starts the real program under Xvfb from a copy of its program directory,
+# waits for the window, names a new user, takes a screenshot and checks
+# that cards were painted in the hand row. Usage: smoke_test.sh PROGRAM_DIR
+set -euo pipefail
+PROGRAM_DIR=$1
+WORK=$(mktemp -d)
+cleanup() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
+trap cleanup EXIT
+cp -r "$PROGRAM_DIR"/. "$WORK"/
+# A free display number, so parallel runs don't meet.
+for n in $(seq 90 140); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
+Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+XVFB=$!
+export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
+unset QT_QPA_PLATFORM
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+"$WORK/dovrin" >"$WORK/program.log" 2>&1 &
+APP=$!
+WINDOW=
+for _ in $(seq 100); do
+  WINDOW=$(xdotool search --name "LANTERN! DOVRIN" 2>/dev/null | head -1) && [ -n "$WINDOW" ] && break
+  sleep 0.1
+done
+[ -n "$WINDOW" ] || { echo "no window"; cat "$WORK/program.log"; exit 1; }
+# Who plays: a new user in the user form, confirmed with Enter.
+sleep 1
+xdotool key ctrl+a
+xdotool type --delay 20 "Smoke"
+xdotool key Return
+# The computers move first; each pause is about a third of a second.
+sleep 3
+import -window "$WINDOW" "$WORK/table.png"
+HEIGHT=$(identify -format '%h' "$WORK/table.png")
+# The hand row: 96 pixels high, its top 340 pixels below the client area's
+# top, which lies under the menu bar at the bottom of the window.
+ROW_TOP=$((HEIGHT - 446 + 340))
+ROW=$(convert "$WORK/table.png" -crop "300x90+170+$((ROW_TOP + 3))" -colorspace Gray -format '%[fx:mean]' info:)
+# The strip between the lowest row of the columns and the hand row, where
+# no card is ever painted.
+TABLE=$(convert "$WORK/table.png" -crop "300x24+170+$((ROW_TOP - 30))" -colorspace Gray -format '%[fx:mean]' info:)
+echo "brightness of the hand row: $ROW, of the empty baize: $TABLE"
+awk -v row="$ROW" -v table="$TABLE" 'BEGIN { exit !(row > 0.6 && row > table + 0.25) }' || {
+  cp "$WORK/table.png" /tmp/dovrin-smoke-failed.png
+  echo "no cards in the hand row (screenshot kept in /tmp/dovrin-smoke-failed.png)"
+  exit 1
+}
+echo "1 passed, 0 failed"
