@@ -99,7 +99,7 @@ def main():
             time.sleep(0.25)
             if window("^Lantern! Dovrin$"):
                 xdo("key", "Return")
-        time.sleep(1.2)  # the computers' three pauses
+        time.sleep(1.0)  # the computers' three pauses
     print("timed out")
     return 1
 

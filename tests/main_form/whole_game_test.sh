@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# A whole game in the real window under Xvfb, from a program directory that
+# holds only the delivered files: a new user, every hand to the end of the
+# game, "No" at its end. Then the settings file must have been written again
+# and the user's row must hold one game. Usage: whole_game_test.sh PROGRAM_DIR
+set -euo pipefail
+PROGRAM_DIR=$1
+HERE=$(cd "$(dirname "$0")" && pwd)
+WORK=$(mktemp -d)
+cleanup() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
+trap cleanup EXIT
+cp "$PROGRAM_DIR"/dovrin "$PROGRAM_DIR"/Lantern.mdb "$PROGRAM_DIR"/dovrin.ini "$WORK"/
+# The fastest card flights, so the game takes well under two minutes.
+sed -i 's/^animspd=.*\r$/animspd=0\r/' "$WORK/dovrin.ini"
+for n in $(seq 141 190); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
+Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+XVFB=$!
+export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
+unset QT_QPA_PLATFORM
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+"$WORK/dovrin" >"$WORK/program.log" 2>&1 &
+APP=$!
+python3 "$HERE/../../scripts/autoplay.py" --user "Whole Game" --timeout 240
+for _ in $(seq 50); do kill -0 "$APP" 2>/dev/null || break; sleep 0.1; done
+if kill -0 "$APP" 2>/dev/null; then echo "the program did not end after No"; exit 1; fi
+grep -q $'^user_id=1\r$' "$WORK/dovrin.ini" || { echo "settings not written:"; cat "$WORK/dovrin.ini"; exit 1; }
+ROW=$(sqlcipher "$WORK/Lantern.mdb" "PRAGMA key='qmvtrla'; SELECT name, numgames FROM user;" | tail -1)
+[ "$ROW" = "Whole Game|1" ] || { echo "user row: '$ROW'"; exit 1; }
+echo "1 passed, 0 failed"
