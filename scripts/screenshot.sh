@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Starts the game under Xvfb from a fresh copy of the program directory,
-# waits for its window and saves a screenshot of the screen.
+# waits for its window, names a new user and saves a screenshot of the table.
 # Usage: scripts/screenshot.sh [out.png] [seconds to wait after the window shows]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -22,6 +22,10 @@ for _ in $(seq 100); do
   xdotool search --name "LANTERN! DOVRIN" >/dev/null 2>&1 && break
   sleep 0.1
 done
+# Who plays: a new user, confirmed with Enter; then the computers move.
+sleep 1
+xdotool key ctrl+a type "Player"
+xdotool key Return
 sleep "$WAIT"
 import -window root "$OUT"
 echo "saved $OUT"

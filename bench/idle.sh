@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Under Xvfb, Release build: the resident size after the first hand is dealt
+# and the processor use while the human thinks, over ten seconds.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+./scripts/build.sh dovrin >/dev/null
+WORK=$(mktemp -d)
+trap 'kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"' EXIT
+cp -r build/program/. "$WORK"/
+for n in $(seq 90 140); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
+Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+XVFB=$!
+export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+"$WORK/dovrin" >/dev/null 2>&1 &
+APP=$!
+xdotool search --sync --name "^Lantern! Dovrin$" >/dev/null
+sleep 0.5
+xdotool key ctrl+a type "Idle"
+xdotool key Return
+sleep 4  # the computers' first moves
+ticks() { awk '{ print $14 + $15 }' "/proc/$APP/stat"; }
+before=$(ticks)
+sleep 10
+after=$(ticks)
+rss=$(awk '/VmRSS/ { print $2 }' "/proc/$APP/status")
+hz=$(getconf CLK_TCK)
+echo "resident size after the first hand: $((rss / 1024)) MB"
+awk -v t=$((after - before)) -v hz="$hz" 'BEGIN { printf "processor use while the human thinks: %.2f %% of one core\n", 100 * t / hz / 10 }'
