@@ -65,7 +65,10 @@ void FDovrin::showEvent(QShowEvent* event) {
 }
 
 void FDovrin::Form_Activate() {
-    if (mbActivated) return;
+    // The user form runs its own event loop: an activation that comes while
+    // it is open is not a first one.
+    if (mbActivated || activating_) return;
+    activating_ = true;
     userTag_.clear();
     ShowUserName("E&xit");
     if (gbDbFailed) {

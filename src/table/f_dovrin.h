@@ -185,6 +185,7 @@ private:
     std::string userTag_;  // the Tag of cmdUser
     bool loaded_ = false;  // Form_Load has run
     bool mbActivated = false;
+    bool activating_ = false;  // the first activation is under way
     bool musicEnabled_ = true;  // the music object's Enabled, until the music device exists
     bool unloading_ = false;
     std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
