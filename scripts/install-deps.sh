@@ -12,7 +12,7 @@ PACKAGES=(
   libfluidsynth-dev timgm6mb-soundfont
   libgtest-dev libgmock-dev
   clang libclang-rt-14-dev
-  xvfb xdotool imagemagick x11-utils
+  xvfb xdotool imagemagick x11-utils python3
   fonts-dejavu-core
 )
 
