@@ -4,15 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/build.sh dovrin >/dev/null
-WORK=$(mktemp -d)
-trap 'kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"' EXIT
+source scripts/xvfb_session.sh
 cp -r build/program/. "$WORK"/
-for n in $(seq 90 140); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
-Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-XVFB=$!
-export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 "$WORK/dovrin" >/dev/null 2>&1 &
 APP=$!
 xdotool search --sync --name "^Lantern! Dovrin$" >/dev/null

@@ -7,15 +7,8 @@ cd "$(dirname "$0")/.."
 OUT=${1:-table.png}
 WAIT=${2:-2}
 PROGRAM_DIR=${PROGRAM_DIR:-build/program}
-WORK=$(mktemp -d)
-trap 'kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"' EXIT
+source "$(dirname "$0")"/xvfb_session.sh
 cp -r "$PROGRAM_DIR"/. "$WORK"/
-DISPLAY_NO=${DISPLAY_NO:-:97}
-Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-XVFB=$!
-export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 "$WORK/dovrin" >"$WORK/out.log" 2>&1 &
 APP=$!
 for _ in $(seq 100); do

@@ -15,6 +15,7 @@
 #include "shell/mod_global_forms.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
+#include "storage/user_record.h"
 #include "storage/mod_global_db.h"
 #include "users/help_image.h"
 #include "users/user_entry.h"
@@ -293,13 +294,7 @@ void FUserName::UpdateDatabase() {
         on([&] { rs->Edit(); });
     }
     on([&] { rs->Fields("name") = gsUserName; });
-    on([&] { rs->Fields("player1") = gsOpponent1; });
-    on([&] { rs->Fields("player2") = gsOpponent2; });
-    on([&] { rs->Fields("player3") = gsOpponent3; });
-    on([&] { rs->Fields("skilllevel") = gsSkillLevel; });
-    on([&] { rs->Fields("numgames") = giNumGames; });
-    on([&] { rs->Fields("winnings") = glWinnings; });
-    on([&] { rs->Update(); });
+    storage::WriteCurrentUserTotals(on, *rs);
 }
 
 void FUserName::paintEvent(QPaintEvent*) {

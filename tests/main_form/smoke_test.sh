@@ -4,18 +4,8 @@
 # that cards were painted in the hand row. Usage: smoke_test.sh PROGRAM_DIR
 set -euo pipefail
 PROGRAM_DIR=$1
-WORK=$(mktemp -d)
-cleanup() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
-trap cleanup EXIT
+source "$(dirname "$0")"/../../scripts/xvfb_session.sh
 cp -r "$PROGRAM_DIR"/. "$WORK"/
-# A free display number, so parallel runs don't meet.
-for n in $(seq 90 140); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
-Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-XVFB=$!
-export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
-unset QT_QPA_PLATFORM
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
 WINDOW=

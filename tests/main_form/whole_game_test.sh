@@ -6,19 +6,10 @@
 set -euo pipefail
 PROGRAM_DIR=$1
 HERE=$(cd "$(dirname "$0")" && pwd)
-WORK=$(mktemp -d)
-cleanup() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
-trap cleanup EXIT
+source "$(dirname "$0")"/../../scripts/xvfb_session.sh
 cp "$PROGRAM_DIR"/dovrin "$PROGRAM_DIR"/Lantern.mdb "$PROGRAM_DIR"/dovrin.ini "$WORK"/
 # The fastest card flights, so the game takes well under two minutes.
 sed -i 's/^animspd=.*\r$/animspd=0\r/' "$WORK/dovrin.ini"
-for n in $(seq 141 190); do [ -e "/tmp/.X$n-lock" ] || { DISPLAY_NO=":$n"; break; }; done
-Xvfb "$DISPLAY_NO" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-XVFB=$!
-export DISPLAY=$DISPLAY_NO XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
-unset QT_QPA_PLATFORM
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
 python3 "$HERE/../../scripts/autoplay.py" --user "Whole Game" --timeout 240

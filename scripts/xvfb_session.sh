@@ -1,0 +1,14 @@
+# Sourced by the scripts that run the program under Xvfb. Makes a scratch
+# directory $WORK, starts Xvfb on a display it picks itself and exports what
+# the program needs there. When the script ends, Xvfb and the program whose
+# pid is in $APP are stopped and $WORK is removed.
+WORK=$(mktemp -d)
+end_session() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
+trap end_session EXIT
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
+XVFB=$!
+for _ in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
+export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
+unset QT_QPA_PLATFORM
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
