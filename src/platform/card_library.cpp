@@ -62,7 +62,9 @@ QString CardElementId(int card) {
     return QStringLiteral("%1_%2").arg(kRanks[card / 4], kSuits[card % 4]);
 }
 
-void SetCardDeckFile(const QString& path) { Cache().deckFile = path; }
+void SetCardDeckFile(const QString& path) {
+    Cache().deckFile = path.isEmpty() ? QString::fromLatin1(kStandardDeck) : path;
+}
 
 int cdtInit(std::int32_t& width, std::int32_t& height) {
     CardCache& cache = Cache();

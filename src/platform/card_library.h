@@ -26,7 +26,8 @@ void cdtTerm();
 // "king_spade" for the King of Spades (card 51).
 QString CardElementId(int card);
 
-// The deck file read by cdtInit; by default the standard deck of the system.
+// The deck file read by cdtInit; by default, and after an empty path, the
+// standard deck of the system.
 void SetCardDeckFile(const QString& path);
 
 }  // namespace platform

@@ -122,7 +122,7 @@ void FDovrin::closeEvent(QCloseEvent* event) {
 void FDovrin::Form_QueryUnload() {
     if (unloading_) return;
     unloading_ = true;
-    for (QMenu* menu : {mnuFileH, mnuUserH, mnuOptionH, mnuHelpH}) menu->setEnabled(true);
+    SetMenusEnabled(true);
     platform::cdtTerm();
     storage::Ini_Save(*this);
 }
@@ -152,6 +152,10 @@ void FDovrin::ShowTopTen() {
 // After a game, the user form sees "CHANGE" in the tag and names its second
 // button itself.
 void FDovrin::ShowUserName() { ShowUserName(""); }
+
+void FDovrin::SetTopMenusEnabled(bool enabled) {
+    for (QMenu* menu : {mnuFileH, mnuUserH, mnuOptionH, mnuHelpH}) menu->setEnabled(enabled);
+}
 
 void FDovrin::SetWinningsCaption(const std::string& caption) {
     mnuWinnings->setText(QString::fromStdString(caption));

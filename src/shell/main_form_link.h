@@ -1,6 +1,6 @@
 // What the dialogs reach on the main form: the answer box in the Tag of its
 // button cmdUser, the seat names, the money captions and the statistics entry
-// of the menu. The main form implements it; tests use a fake.
+// of the menu, the four top menus. The main form implements it; tests use a fake.
 #pragma once
 
 #include <string>
@@ -13,4 +13,5 @@ public:
     virtual void SetPlayerName(int seat, const std::string& name) = 0;  // lblPlayer(seat)
     virtual std::string MoneyCaption(int seat) const = 0;               // lblAmt(seat)
     virtual void SetWinningsCaption(const std::string& caption) = 0;    // mnuWinnings
+    virtual void SetTopMenusEnabled(bool enabled) = 0;                  // File, Players, Options, Help
 };

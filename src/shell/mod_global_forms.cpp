@@ -4,7 +4,9 @@
 #include <QScreen>
 #include <QWidget>
 
+#include "engine/mod_global.h"
 #include "platform/twips.h"
+#include "shell/main_form_link.h"
 
 namespace modGlobal {
 
@@ -16,6 +18,10 @@ void CenterForm(QWidget& form) {
     const int leftTwips = (PixelsToTwips(screen.width()) - PixelsToTwips(outer.width())) / 2;
     const int topTwips = (PixelsToTwips(screen.height()) - PixelsToTwips(outer.height())) / 2;
     form.move(screen.x() + TwipsToPixels(leftTwips), screen.y() + TwipsToPixels(topTwips));
+}
+
+void SetMenusEnabled(bool enabled) {
+    if (goMainForm) goMainForm->SetTopMenusEnabled(enabled);
 }
 
 }  // namespace modGlobal

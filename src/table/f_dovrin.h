@@ -154,6 +154,7 @@ public:
     void SetPlayerName(int seat, const std::string& name) override;
     std::string MoneyCaption(int seat) const override;
     void SetWinningsCaption(const std::string& caption) override;
+    void SetTopMenusEnabled(bool enabled) override;
 
     // --- what the settings reach ---
     void SetOptionMenuVisible(int index, bool visible) override;

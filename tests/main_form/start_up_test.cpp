@@ -5,17 +5,21 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
+#include "platform/card_library.h"
 #include "platform/msgbox.h"
 #include "platform/runtime.h"
 #include "runtime_temp_dir.h"
+#include "shell/mod_global_forms.h"
 #include "storage/mod_global_db.h"
 #include "table/f_dovrin.h"
 #include "users/f_user_name.h"
@@ -44,6 +48,27 @@ protected:
         std::stringstream text;
         text << in.rdbuf();
         return text.str();
+    }
+    // Points the settings file's db_path at another directory.
+    void SetDbPath(const std::string& path) {
+        std::string settings = Settings();
+        const auto start = settings.find("db_path=");
+        settings.replace(start, settings.find('\r', start) - start, "db_path=" + path);
+        std::ofstream(app.Path() + "/dovrin.ini", std::ios::binary) << settings;
+    }
+    std::vector<std::string> BoxTitles() const {
+        std::vector<std::string> titles;
+        for (const auto& box : responder.Boxes()) titles.push_back(box.title);
+        return titles;
+    }
+    // Names a new user in the user form once it shows.
+    static void NameNewUser(const char* name) {
+        QTimer::singleShot(50, [name] {
+            auto* userForm = qobject_cast<FUserName*>(QApplication::activeModalWidget());
+            ASSERT_NE(userForm, nullptr);
+            userForm->cboUser->setCurrentText(QString::fromUtf8(name));
+            userForm->cmdUserName[0]->click();
+        });
     }
     // Presses a button of the user form once it shows.
     static void AnswerUserForm(int button) {
@@ -78,12 +103,7 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndStillSavesTheSettings) {
 TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgain) {
     FDovrin form;
     ASSERT_TRUE(form.Form_Load());
-    QTimer::singleShot(50, [] {
-        auto* userForm = qobject_cast<FUserName*>(QApplication::activeModalWidget());
-        ASSERT_NE(userForm, nullptr);
-        userForm->cboUser->setCurrentText(QStringLiteral("Newcomer"));
-        userForm->cmdUserName[0]->click();
-    });
+    NameNewUser("Newcomer");
     form.show();
     modGlobal::glAnimSpeed = 0;
     ASSERT_TRUE(QTest::qWaitFor([&] { return form.game().mbUserTurn; }, 10000));
@@ -105,4 +125,101 @@ TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgain) {
     EXPECT_EQ(game.maCardsLeft[3], 13);
     EXPECT_EQ(form.windowTitle().toStdString(),
               "Oakmere Software's LANTERN! DOVRIN v3.0 - Level 1 (1st Hand)");
+}
+
+TEST_F(StartUpTest, NeitherDatabaseFileEndsTheLoadAfterTwoMessagesAndWritesNothing) {
+    TempDir elsewhere;
+    SetDbPath(elsewhere.Path());
+    std::filesystem::remove(app.Path() + "/Lantern.mdb");
+    const std::string before = Settings();
+    FDovrin form;
+    EXPECT_THROW(form.Form_Load(), platform::ProgramEnded);
+    EXPECT_EQ(BoxTitles(), (std::vector<std::string>{"Database Path", "Fatal Error"}));
+    EXPECT_EQ(Settings(), before);
+}
+
+TEST_F(StartUpTest, AVanishedDatabaseDirectorySwitchesToTheProgramsOwnFile) {
+    SetDbPath(app.Path() + "/gone");
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    EXPECT_EQ(BoxTitles(), std::vector<std::string>{"Database Path"});
+    EXPECT_EQ(modGlobal::gsDbPath, app.Path());
+    AnswerUserForm(1);
+    form.Form_Activate();
+    EXPECT_NE(Settings().find("db_path=" + app.Path() + "\r\n"), std::string::npos);
+}
+
+// The database in use goes away while the program starts: the user form's
+// load finds it gone, the program's own file takes over, and the user form
+// comes once more.
+TEST_F(StartUpTest, ADatabaseLostBeforeTheFirstUserFormFallsBackToTheProgramsFile) {
+    TempDir elsewhere;
+    std::filesystem::copy_file(app.Path() + "/Lantern.mdb", elsewhere.Path() + "/Lantern.mdb");
+    SetDbPath(elsewhere.Path());
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    EXPECT_EQ(modGlobal::gsDbPath, elsewhere.Path());
+    std::filesystem::remove(elsewhere.Path() + "/Lantern.mdb");
+    int userForms = 0;
+    QTimer watcher;
+    QObject::connect(&watcher, &QTimer::timeout, [&] {
+        if (auto* userForm = qobject_cast<FUserName*>(QApplication::activeModalWidget())) {
+            ++userForms;
+            userForm->cmdUserName[1]->click();
+        }
+    });
+    watcher.start(20);
+    form.Form_Activate();
+    EXPECT_EQ(userForms, 1);  // the first one unloaded itself before it could be seen
+    EXPECT_EQ(modGlobal::gsDbPath, app.Path());
+    EXPECT_FALSE(modGlobal::gbDbFailed);
+    EXPECT_TRUE(responder.Boxes().empty());  // the switch is silent
+    EXPECT_NE(Settings().find("db_path=" + app.Path() + "\r\n"), std::string::npos);
+}
+
+TEST_F(StartUpTest, ADamagedDatabaseEndsTheProgramAtTheFirstUserForm) {
+    std::ofstream(app.Path() + "/Lantern.mdb", std::ios::binary | std::ios::trunc) << std::string(8192, 'x');
+    const std::string before = Settings();
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    EXPECT_THROW(form.Form_Activate(), platform::ProgramEnded);
+    ASSERT_EQ(responder.Boxes().size(), 1u);
+    EXPECT_NE(responder.Boxes()[0].text.find(": "), std::string::npos);  // number and description
+    EXPECT_EQ(Settings(), before);  // an end at once saves nothing
+}
+
+TEST_F(StartUpTest, AMissingCardDeckEndsTheLoadWithAnEmptyMessage) {
+    platform::SetCardDeckFile(QString::fromStdString(app.Path() + "/no-deck.svgz"));
+    FDovrin form;
+    EXPECT_THROW(form.Form_Load(), platform::ProgramEnded);
+    platform::SetCardDeckFile({});
+    ASSERT_EQ(responder.Boxes().size(), 1u);
+    EXPECT_EQ(responder.Boxes()[0].text, "");
+    EXPECT_EQ(responder.Boxes()[0].title, "Error Loading Program");
+    EXPECT_EQ(responder.BeepCount(), 1);
+}
+
+TEST_F(StartUpTest, TheFanfaresLockOfTheMenusTakesTheirKeysTooAndTheUnloadLiftsIt) {
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    NameNewUser("Locked Out");
+    form.show();
+    modGlobal::glAnimSpeed = 0;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form.game().mbUserTurn; }, 10000));
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    const auto newGameKey = [&] { QTest::keyClick(form.windowHandle(), Qt::Key_N, Qt::ControlModifier); };
+
+    modGlobal::SetMenusEnabled(false);
+    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
+        EXPECT_FALSE(menu->menuAction()->isEnabled());
+    form.game().miHandNo = 2;
+    newGameKey();
+    EXPECT_EQ(form.game().miHandNo, 2);  // no new game
+
+    form.Form_QueryUnload();
+    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
+        EXPECT_TRUE(menu->menuAction()->isEnabled());
+    newGameKey();
+    EXPECT_EQ(form.game().miHandNo, 0);
 }

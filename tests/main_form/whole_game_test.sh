@@ -13,8 +13,10 @@ sed -i 's/^animspd=.*\r$/animspd=0\r/' "$WORK/dovrin.ini"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
 python3 "$HERE/../../scripts/autoplay.py" --user "Whole Game" --timeout 240
-for _ in $(seq 50); do kill -0 "$APP" 2>/dev/null || break; sleep 0.1; done
-if kill -0 "$APP" 2>/dev/null; then echo "the program did not end after No"; exit 1; fi
+for _ in $(seq 150); do kill -0 "$APP" 2>/dev/null || break; sleep 0.1; done
+if kill -0 "$APP" 2>/dev/null; then
+    echo "the program did not end after No"; xdotool search --onlyvisible --name . getwindowname %@ || true; exit 1
+fi
 grep -q $'^user_id=1\r$' "$WORK/dovrin.ini" || { echo "settings not written:"; cat "$WORK/dovrin.ini"; exit 1; }
 ROW=$(sqlcipher "$WORK/Lantern.mdb" "PRAGMA key='qmvtrla'; SELECT name, numgames FROM user;" | tail -1)
 [ "$ROW" = "Whole Game|1" ] || { echo "user row: '$ROW'"; exit 1; }

@@ -30,6 +30,7 @@ public:
     void SetPlayerName(int, const std::string&) override {}
     std::string MoneyCaption(int seat) const override { return money[seat]; }
     void SetWinningsCaption(const std::string&) override {}
+    void SetTopMenusEnabled(bool) override {}
 
     std::string tag;
     std::array<std::string, 4> money = {"180", "95", "250", "275"};

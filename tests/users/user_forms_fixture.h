@@ -31,6 +31,7 @@ public:
     void SetPlayerName(int seat, const std::string& name) override { playerNames.at(seat) = name; }
     std::string MoneyCaption(int) const override { return {}; }
     void SetWinningsCaption(const std::string& caption) override { winningsCaption = caption; }
+    void SetTopMenusEnabled(bool) override {}
 
     std::string tag;
     std::array<std::string, 4> playerNames;
