@@ -44,16 +44,18 @@ Reach MeasureReach(const std::vector<Card>& hand, const std::vector<Card>& lowCa
     Reach reach;
     if (lowCount > 0) {
         for (Card c : lowCards) {
-            int k = SuitOf(c);
-            while (k < c && !InMask(held, k)) k += kSuitStep;  // the hand holds c itself
-            reach.Add(c - k, c);
+            // The lowest held card of c's suit at or below c; c itself counts
+            // as held, so the search ends on it at the latest.
+            const CardMask atOrBelow = (CardMask{2} << c) - 1;
+            const CardMask suit = (held | CardMask{1} << c) & SuitMask(SuitOf(c)) & atOrBelow;
+            reach.Add(c - __builtin_ctzll(suit), c);
         }
     }
     if (highCount > 0) {
         for (Card c : highCards) {
-            int k = 48 + SuitOf(c);
-            while (k > c && !InMask(held, k)) k -= kSuitStep;
-            reach.Add(k - c, c);
+            const CardMask atOrAbove = ~((CardMask{1} << c) - 1);
+            const CardMask suit = (held | CardMask{1} << c) & SuitMask(SuitOf(c)) & atOrAbove;
+            reach.Add(63 - __builtin_clzll(suit) - c, c);
         }
     }
     return reach;
