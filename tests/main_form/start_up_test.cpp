@@ -70,6 +70,14 @@ protected:
             userForm->cmdUserName[0]->click();
         });
     }
+    // Loads and shows the form, names a new user and waits for the human's turn.
+    static void StartAsNewUser(FDovrin& form, const char* name) {
+        ASSERT_TRUE(form.Form_Load());
+        NameNewUser(name);
+        modGlobal::glAnimSpeed = 0;
+        form.show();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return form.game().mbUserTurn; }, 10000));
+    }
     // Presses a button of the user form once it shows.
     static void AnswerUserForm(int button) {
         QTimer::singleShot(50, [button] {
@@ -102,11 +110,7 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndStillSavesTheSettings) {
 
 TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgain) {
     FDovrin form;
-    ASSERT_TRUE(form.Form_Load());
-    NameNewUser("Newcomer");
-    form.show();
-    modGlobal::glAnimSpeed = 0;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form.game().mbUserTurn; }, 10000));
+    StartAsNewUser(form, "Newcomer");
     EXPECT_EQ(modGlobal::gsUserName, "Newcomer");
     EXPECT_EQ(form.lblPlayer[3]->text().toStdString(), "Newcomer");
     EXPECT_TRUE(form.game().mbUserTurn);
@@ -201,11 +205,7 @@ TEST_F(StartUpTest, AMissingCardDeckEndsTheLoadWithAnEmptyMessage) {
 
 TEST_F(StartUpTest, TheFanfaresLockOfTheMenusTakesTheirKeysTooAndTheUnloadLiftsIt) {
     FDovrin form;
-    ASSERT_TRUE(form.Form_Load());
-    NameNewUser("Locked Out");
-    form.show();
-    modGlobal::glAnimSpeed = 0;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form.game().mbUserTurn; }, 10000));
+    StartAsNewUser(form, "Locked Out");
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     const auto newGameKey = [&] { QTest::keyClick(form.windowHandle(), Qt::Key_N, Qt::ControlModifier); };
