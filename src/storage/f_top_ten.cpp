@@ -2,10 +2,12 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
+#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/mod_global_forms.h"
@@ -37,7 +39,10 @@ void SetTextColour(QLabel& label, const QColor& colour) {
 
 }  // namespace
 
-FTopTen::FTopTen(QWidget* parent) : QDialog(parent) {
+FTopTen::FTopTen(QWidget* parent)
+    : QDialog(parent),
+      picture_(platform::LoadArtPicture(QStringLiteral("top_ten"),
+                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
     setWindowTitle(QStringLiteral("Lantern! Dovrin - Top Ten List"));
     platform::UseDesignFont(*this);
     setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
@@ -152,4 +157,9 @@ void FTopTen::cmdTopTen_Click(int index) {
 void FTopTen::tmrTopTen_Timer() {
     ++miTimerTicks;
     if (miTimerTicks == 1 && modGlobal::giTopTenRow == kOpenedFromMenu) modSoundLib::PlayEffect("USERWON");
+}
+
+void FTopTen::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture_);
 }

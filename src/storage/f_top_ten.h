@@ -6,6 +6,7 @@
 #include <array>
 
 #include <QDialog>
+#include <QPixmap>
 
 #include "platform/platform_timer.h"
 #include "storage/top_ten.h"
@@ -33,6 +34,7 @@ protected:
     bool event(QEvent* event) override;
     // Every way the form closes ends here: its unload.
     void done(int result) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void Form_Load();
@@ -44,6 +46,7 @@ private:
     void cmdTopTen_Click(int index);
     void tmrTopTen_Timer();
 
+    QPixmap picture_;  // the form's background
     storage::TopTenRows maTopTen;
     int miTimerTicks = 0;
 };
