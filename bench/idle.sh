@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/build.sh dovrin >/dev/null
 source scripts/xvfb_session.sh
-cp -r build/program/. "$WORK"/
+fresh_program build/program build/delivered "$WORK"
 "$WORK/dovrin" >/dev/null 2>&1 &
 APP=$!
 xdotool search --sync --name "^Lantern! Dovrin$" >/dev/null

@@ -12,7 +12,7 @@ RUNS=${1:-5}
 source scripts/xvfb_session.sh
 ms() { date +%s%3N; }
 for run in $(seq "$RUNS"); do
-  rm -rf "$WORK/program" && cp -r build/program "$WORK/program"
+  rm -rf "$WORK/program" && fresh_program build/program build/delivered "$WORK/program"
   start=$(ms)
   "$WORK/program/dovrin" >/dev/null 2>&1 &
   app=$!
@@ -20,6 +20,6 @@ for run in $(seq "$RUNS"); do
   shown=$(ms)
   kill "$app" 2>/dev/null; wait "$app" 2>/dev/null || true
   echo "run $run: program start to user form mapped: $((shown - start)) ms"
-  rm -rf "$WORK/program" && cp -r build/program "$WORK/program"
+  rm -rf "$WORK/program" && fresh_program build/program build/delivered "$WORK/program"
   build/bin/bench_start "$WORK/program" 2>/dev/null | sed "s/^/run $run: /"
 done

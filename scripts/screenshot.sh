@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# Starts the game under Xvfb from a fresh copy of the program directory,
+# Starts the game under Xvfb beside fresh copies of the delivered files,
 # waits for its window, names a new user and saves a screenshot of the table.
 # Usage: scripts/screenshot.sh [out.png] [seconds to wait after the window shows]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 OUT=${1:-table.png}
 WAIT=${2:-2}
-PROGRAM_DIR=${PROGRAM_DIR:-build/program}
 source "$(dirname "$0")"/xvfb_session.sh
-cp -r "$PROGRAM_DIR"/. "$WORK"/
+fresh_program build/program build/delivered "$WORK"
 "$WORK/dovrin" >"$WORK/out.log" 2>&1 &
 APP=$!
 for _ in $(seq 100); do

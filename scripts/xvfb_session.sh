@@ -12,3 +12,10 @@ export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODR
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+
+# fresh_program PROGRAM_DIR DELIVERED_DIR TARGET: the program beside fresh
+# copies of the delivered settings file and database, as a new user gets them.
+fresh_program() {
+  mkdir -p "$3"
+  cp "$1"/dovrin "$2"/Lantern.mdb "$2"/dovrin.ini "$3"/
+}

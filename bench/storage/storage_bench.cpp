@@ -57,7 +57,7 @@ int main() {
     platform::ScriptedResponder responder;
     platform::SetAppPath(dir.Path());
     const std::string file = dir.File("Lantern.mdb");
-    std::filesystem::copy_file(std::string(DOVRIN_PROGRAM_DIR) + "/Lantern.mdb", file);
+    std::filesystem::copy_file(std::string(DOVRIN_DELIVERED_DIR) + "/Lantern.mdb", file);
     const std::string plain = dir.File("plain.mdb");
     makedb::CreateGameDatabase(plain, "");
     gsDbPath = dir.Path();

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Starts the real program under Xvfb from a copy of its program directory,
-# waits for the window, names a new user, takes a screenshot and checks
-# that cards were painted in the hand row. Usage: smoke_test.sh PROGRAM_DIR
+# Starts the real program under Xvfb beside fresh copies of the delivered
+# files, waits for the window, names a new user, takes a screenshot and checks
+# that cards were painted in the hand row.
+# Usage: smoke_test.sh PROGRAM_DIR DELIVERED_DIR
 set -euo pipefail
 PROGRAM_DIR=$1
+DELIVERED_DIR=$2
 source "$(dirname "$0")"/../../scripts/xvfb_session.sh
-cp -r "$PROGRAM_DIR"/. "$WORK"/
+fresh_program "$PROGRAM_DIR" "$DELIVERED_DIR" "$WORK"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
 WINDOW=

@@ -35,7 +35,7 @@ protected:
         modGlobal::ResetGlobals();
         platform::SetAppPath(app.Path());
         for (const char* name : {"Lantern.mdb", "dovrin.ini"})
-            std::filesystem::copy_file(std::string(DOVRIN_PROGRAM_DIR) + "/" + name,
+            std::filesystem::copy_file(std::string(DOVRIN_DELIVERED_DIR) + "/" + name,
                                        app.Path() + "/" + name);
     }
     void TearDown() override {

@@ -2,12 +2,14 @@
 # A whole game in the real window under Xvfb, from a program directory that
 # holds only the delivered files: a new user, every hand to the end of the
 # game, "No" at its end. Then the settings file must have been written again
-# and the user's row must hold one game. Usage: whole_game_test.sh PROGRAM_DIR
+# and the user's row must hold one game.
+# Usage: whole_game_test.sh PROGRAM_DIR DELIVERED_DIR
 set -euo pipefail
 PROGRAM_DIR=$1
+DELIVERED_DIR=$2
 HERE=$(cd "$(dirname "$0")" && pwd)
 source "$(dirname "$0")"/../../scripts/xvfb_session.sh
-cp "$PROGRAM_DIR"/dovrin "$PROGRAM_DIR"/Lantern.mdb "$PROGRAM_DIR"/dovrin.ini "$WORK"/
+fresh_program "$PROGRAM_DIR" "$DELIVERED_DIR" "$WORK"
 # The fastest card flights, so the game takes well under two minutes.
 sed -i 's/^animspd=.*\r$/animspd=0\r/' "$WORK/dovrin.ini"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
