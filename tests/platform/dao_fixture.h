@@ -1,4 +1,5 @@
-// Database files for the engine's tests, made with the store's own API.
+// Database files for the engine's tests, made with the store's own API, and
+// the run-time errors that statements raise.
 #pragma once
 
 #define SQLITE_HAS_CODEC 1
@@ -7,8 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
-#include "platform/dao.h"
+#include "platform/runtime.h"
 #include "runtime_temp_dir.h"
 
 inline constexpr char kTestConnect[] = ";pwd=secret";
@@ -25,9 +27,10 @@ inline void MakeDatabase(const std::string& path, const std::string& sql) {
     sqlite3_close(db);
 }
 
-// Runs the statement and returns the engine error it raised: number and description.
+// Runs the statement and returns the run-time error it raised: number and
+// description, 0 and "" if none.
 template <class Statement>
-std::pair<std::int32_t, std::string> EngineErrorOf(Statement&& statement) {
+std::pair<std::int32_t, std::string> ErrorOf(Statement&& statement) {
     try {
         statement();
     } catch (const platform::RuntimeError& error) {

@@ -1,9 +1,8 @@
 #include <set>
 
-#include <QPainter>
+#include <QFile>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -25,12 +24,12 @@ protected:
         platform::cdtTerm();
         platform::SetCardDeckFile(kStandardDeck);
     }
+    QColor Drawn(int x, int y) const { return At(surface.RetainedImage(), x, y); }
+
     std::int32_t width = 0;
     std::int32_t height = 0;
     platform::FormSurface surface{nullptr, QSize(200, 150), kBack};
 };
-
-}  // namespace
 
 TEST_F(CardLibrary, ElementIdsNameEveryCardOfTheStandardDeck) {
     EXPECT_EQ(platform::CardElementId(0), "1_club");
@@ -42,44 +41,39 @@ TEST_F(CardLibrary, ElementIdsNameEveryCardOfTheStandardDeck) {
     ASSERT_TRUE(deck.isValid());
     std::set<QString> ids;
     for (int card = 0; card < 52; ++card) {
-        const QString id = platform::CardElementId(card);
-        EXPECT_TRUE(deck.elementExists(id)) << id.toStdString();
-        ids.insert(id);
+        ids.insert(platform::CardElementId(card));
+        EXPECT_TRUE(deck.elementExists(platform::CardElementId(card))) << card;
     }
     EXPECT_EQ(ids.size(), 52u);
 }
 
-TEST_F(CardLibrary, FailsWithoutADeckAndThenDrawsNothing) {
-    platform::SetCardDeckFile(QStringLiteral("/nonexistent/deck.svgz"));
-    EXPECT_EQ(platform::cdtInit(width, height), 0);
-    EXPECT_EQ(platform::cdtDraw(surface, 10, 10, 0, 0, 0), 0);
-    EXPECT_EQ(At(surface.RetainedImage(), 40, 50), kBack);
-}
-
-TEST_F(CardLibrary, DrawsAStandardFaceAtItsPixelPosition) {
+TEST_F(CardLibrary, DrawsAStandardFaceAtItsPixelPositionAndRefusesOtherModesAndCards) {
     ASSERT_NE(platform::cdtInit(width, height), 0);
     EXPECT_EQ(width, 71);
     EXPECT_EQ(height, 96);
-    EXPECT_NE(platform::cdtDraw(surface, 20, 30, 51, 0, 0), 0);
-    const QImage& image = surface.RetainedImage();
-    EXPECT_EQ(At(image, 20 + 35, 30 + 2), QColor(Qt::white));  // the face's top edge
-    EXPECT_EQ(At(image, 19, 60), kBack);                      // left of the card
-    EXPECT_EQ(At(image, 20 + 71, 60), kBack);                 // right of the card
-    EXPECT_EQ(At(image, 50, 30 + 96), kBack);                 // below the card
-    EXPECT_EQ(At(image, 20, 30), kBack) << "the corners are round";
-}
-
-TEST_F(CardLibrary, RefusesOtherModesAndCardsOutOfRange) {
-    ASSERT_NE(platform::cdtInit(width, height), 0);
     EXPECT_EQ(platform::cdtDraw(surface, 0, 0, 52, 0, 0), 0);
     EXPECT_EQ(platform::cdtDraw(surface, 0, 0, -1, 0, 0), 0);
     EXPECT_EQ(platform::cdtDraw(surface, 0, 0, 0, 1, 0), 0);
-    EXPECT_EQ(At(surface.RetainedImage(), 35, 48), kBack);
+    EXPECT_EQ(Drawn(35, 48), kBack);
+
+    EXPECT_NE(platform::cdtDraw(surface, 20, 30, 51, 0, 0), 0);
+    EXPECT_EQ(Drawn(20 + 35, 30 + 2), QColor(Qt::white));  // the face's top edge
+    EXPECT_EQ(Drawn(19, 60), kBack);                       // left of the card
+    EXPECT_EQ(Drawn(20 + 71, 60), kBack);                  // right of the card
+    EXPECT_EQ(Drawn(50, 30 + 96), kBack);                  // below the card
+    EXPECT_EQ(Drawn(20, 30), kBack) << "the corners are round";
+
     platform::cdtTerm();
-    EXPECT_EQ(platform::cdtDraw(surface, 0, 0, 0, 0, 0), 0);
+    EXPECT_EQ(platform::cdtDraw(surface, 100, 0, 0, 0, 0), 0);
+    EXPECT_EQ(Drawn(100 + 35, 48), kBack);
 }
 
-TEST_F(CardLibrary, MissingElementGetsAPlaceholderFace) {
+TEST_F(CardLibrary, FailsWithoutADeckAndGivesAMissingElementAPlaceholderFace) {
+    platform::SetCardDeckFile(QStringLiteral("/nonexistent/deck.svgz"));
+    EXPECT_EQ(platform::cdtInit(width, height), 0);
+    EXPECT_EQ(platform::cdtDraw(surface, 10, 10, 0, 0, 0), 0);
+    EXPECT_EQ(Drawn(40, 50), kBack);
+
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("one_card.svg"));
     QFile file(path);
@@ -89,14 +83,13 @@ TEST_F(CardLibrary, MissingElementGetsAPlaceholderFace) {
     file.close();
     platform::SetCardDeckFile(path);
     ASSERT_NE(platform::cdtInit(width, height), 0);
-
     platform::cdtDraw(surface, 0, 0, 0, 0, 0);
-    EXPECT_EQ(At(surface.RetainedImage(), 35, 48), QColor(0, 0, 255));
-
+    EXPECT_EQ(Drawn(35, 48), QColor(0, 0, 255));
     platform::cdtDraw(surface, 100, 0, 1, 0, 0);  // the Ace of Diamonds isn't there
-    const QImage& image = surface.RetainedImage();
-    const QColor centre = At(image, 100 + 35, 48);
+    const QColor centre = Drawn(100 + 35, 48);
     EXPECT_GT(centre.red(), 200);
     EXPECT_LT(centre.green(), 80);
-    EXPECT_EQ(At(image, 100 + 35, 3), QColor(Qt::white));
+    EXPECT_EQ(Drawn(100 + 35, 3), QColor(Qt::white));
 }
+
+}  // namespace

@@ -21,6 +21,15 @@ public:
         show();
         QApplication::processEvents();
     }
+    QColor Retained(int x, int y) const { return At(surface.RetainedImage(), x, y); }
+    QColor OnScreen(int x, int y) const { return At(surface.ScreenImage(), x, y); }
+    static QColor At(const QImage& image, int x, int y) {
+        return image.pixelColor(QPointF(x, y).toPoint() * image.devicePixelRatio());
+    }
+    void DrawInk(QRect area) {
+        surface.Draw(area, [area](QPainter& painter) { painter.fillRect(area, kInk); });
+    }
+
     platform::FormSurface surface;
     int repaints = 0;
 
@@ -32,93 +41,61 @@ protected:
     }
 };
 
-QColor At(const QImage& image, int x, int y) {
-    return image.pixelColor(QPointF(x, y).toPoint() * image.devicePixelRatio());
-}
-
-void DrawInk(platform::FormSurface& surface, QRect area) {
-    surface.Draw(area, [area](QPainter& painter) { painter.fillRect(area, kInk); });
-}
-
-QPixmap SmallPicture() {
-    QPixmap picture(20, 10);
-    picture.fill(kPictureColour);
-    return picture;
-}
-
-}  // namespace
-
-TEST(FormSurface, StartsWithTheBackColourInBothImages) {
+TEST(FormSurface, AutoRedrawOnKeepsTheDrawingOverTheBackColourAndShowsIt) {
     SurfaceForm form;
-    EXPECT_EQ(At(form.surface.RetainedImage(), 63, 47), kBack);
-    EXPECT_EQ(At(form.surface.ScreenImage(), 0, 0), kBack);
-}
-
-TEST(FormSurface, AutoRedrawOnKeepsTheDrawingAndShowsIt) {
-    SurfaceForm form;
-    DrawInk(form.surface, QRect(10, 10, 5, 5));
-    EXPECT_EQ(At(form.surface.RetainedImage(), 12, 12), kInk);
-    EXPECT_EQ(At(form.surface.ScreenImage(), 12, 12), kInk);
+    EXPECT_EQ(form.Retained(63, 47), kBack);
+    EXPECT_EQ(form.OnScreen(0, 0), kBack);
+    form.DrawInk(QRect(10, 10, 5, 5));
+    EXPECT_EQ(form.Retained(12, 12), kInk);
+    EXPECT_EQ(form.OnScreen(12, 12), kInk);
     form.repaint();  // an expose keeps what was retained
-    EXPECT_EQ(At(form.surface.ScreenImage(), 12, 12), kInk);
-    EXPECT_EQ(At(form.grab().toImage(), 12, 12), kInk);
+    EXPECT_EQ(form.OnScreen(12, 12), kInk);
+    EXPECT_EQ(SurfaceForm::At(form.grab().toImage(), 12, 12), kInk);
 }
 
-TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAndRepaintsAtOnce) {
+TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAtOnceAndAnExposeOrRefreshWipesIt) {
     SurfaceForm form;
+    form.DrawInk(QRect(0, 0, 4, 4));  // retained
     form.surface.SetAutoRedraw(false);
     const int repaintsBefore = form.repaints;
-    DrawInk(form.surface, QRect(30, 20, 8, 8));
+    form.DrawInk(QRect(40, 30, 6, 6));  // a trail
     EXPECT_EQ(form.repaints, repaintsBefore + 1);
-    EXPECT_EQ(At(form.surface.ScreenImage(), 33, 23), kInk);
-    EXPECT_EQ(At(form.surface.RetainedImage(), 33, 23), kBack);
-}
-
-TEST(FormSurface, ExposeWipesWhatWasDrawnWithAutoRedrawOff) {
-    SurfaceForm form;
-    DrawInk(form.surface, QRect(0, 0, 4, 4));  // retained
-    form.surface.SetAutoRedraw(false);
-    DrawInk(form.surface, QRect(40, 30, 6, 6));  // a trail
-    DrawInk(form.surface, QRect(50, 30, 6, 6));  // and another, outside the expose
+    EXPECT_EQ(form.OnScreen(42, 32), kInk);
+    EXPECT_EQ(form.Retained(42, 32), kBack);
+    form.DrawInk(QRect(50, 30, 6, 6));  // and another, outside the expose
     form.repaint(QRect(38, 28, 10, 10));
-    EXPECT_EQ(At(form.surface.ScreenImage(), 42, 32), kBack);
-    EXPECT_EQ(At(form.surface.ScreenImage(), 53, 33), kInk);
-    EXPECT_EQ(At(form.surface.ScreenImage(), 1, 1), kInk);
-}
-
-TEST(FormSurface, RefreshPutsTheRetainedImageOnScreen) {
-    SurfaceForm form;
-    form.surface.SetAutoRedraw(false);
-    DrawInk(form.surface, QRect(40, 30, 6, 6));
+    EXPECT_EQ(form.OnScreen(42, 32), kBack);
+    EXPECT_EQ(form.OnScreen(53, 33), kInk);
+    EXPECT_EQ(form.OnScreen(1, 1), kInk);
     form.surface.Refresh();
-    EXPECT_EQ(At(form.surface.ScreenImage(), 42, 32), kBack);
+    EXPECT_EQ(form.OnScreen(53, 33), kBack);
+    EXPECT_EQ(form.OnScreen(1, 1), kInk);
 }
 
-TEST(FormSurface, ClsRestoresThePictureOverTheBackColour) {
+TEST(FormSurface, ClsRestoresThePictureOverTheBackColourAndAnEmptyPictureClearsIt) {
     SurfaceForm form;
-    form.surface.SetPicture(SmallPicture());
-    EXPECT_EQ(At(form.surface.RetainedImage(), 5, 5), kPictureColour);
-    DrawInk(form.surface, QRect(0, 0, 64, 48));
+    QPixmap picture(20, 10);
+    picture.fill(kPictureColour);
+    form.surface.SetPicture(picture);
+    EXPECT_EQ(form.Retained(5, 5), kPictureColour);
+    form.DrawInk(QRect(0, 0, 64, 48));
     form.surface.Cls();
     for (const QImage* image : {&form.surface.RetainedImage(), &form.surface.ScreenImage()}) {
-        EXPECT_EQ(At(*image, 5, 5), kPictureColour);
-        EXPECT_EQ(At(*image, 19, 9), kPictureColour);
-        EXPECT_EQ(At(*image, 20, 5), kBack);
-        EXPECT_EQ(At(*image, 5, 10), kBack);
+        EXPECT_EQ(SurfaceForm::At(*image, 5, 5), kPictureColour);
+        EXPECT_EQ(SurfaceForm::At(*image, 19, 9), kPictureColour);
+        EXPECT_EQ(SurfaceForm::At(*image, 20, 5), kBack);
+        EXPECT_EQ(SurfaceForm::At(*image, 5, 10), kBack);
     }
-}
-
-TEST(FormSurface, EmptyPictureClearsToTheBackColour) {
-    SurfaceForm form;
-    form.surface.SetPicture(SmallPicture());
     form.surface.SetPicture(QPixmap());
-    EXPECT_EQ(At(form.surface.RetainedImage(), 5, 5), kBack);
+    EXPECT_EQ(form.Retained(5, 5), kBack);
 }
 
 TEST(FormSurface, WorksWithoutAForm) {
     platform::FormSurface surface(nullptr, QSize(16, 16), kBack);
     surface.SetAutoRedraw(false);
-    DrawInk(surface, QRect(2, 2, 3, 3));
-    EXPECT_EQ(At(surface.ScreenImage(), 3, 3), kInk);
-    EXPECT_EQ(At(surface.RetainedImage(), 3, 3), kBack);
+    surface.Draw(QRect(2, 2, 3, 3), [](QPainter& painter) { painter.fillRect(QRect(2, 2, 3, 3), kInk); });
+    EXPECT_EQ(SurfaceForm::At(surface.ScreenImage(), 3, 3), kInk);
+    EXPECT_EQ(SurfaceForm::At(surface.RetainedImage(), 3, 3), kBack);
 }
+
+}  // namespace

@@ -11,7 +11,7 @@ using namespace platform;
 
 namespace {
 
-TEST(ScriptedResponder, RecordsBoxesAndBeepsInOrderAndAnswersFromTheScript) {
+TEST(ScriptedResponder, RecordsInOrderAnswersFromTheScriptAndTurnsTheEndIntoAnException) {
     ScriptedResponder responder;
     responder.Answer(kAnswerNo);
     Beep();
@@ -29,15 +29,7 @@ TEST(ScriptedResponder, RecordsBoxesAndBeepsInOrderAndAnswersFromTheScript) {
     EXPECT_EQ(responder.BeepCount(), 1);
     EXPECT_EQ(responder.Boxes().size(), 2u);
     EXPECT_FALSE(responder.Ended());
-}
-
-TEST(ScriptedResponder, RefusesAQuestionWithoutAScriptedAnswer) {
-    ScriptedResponder responder;
-    EXPECT_THROW(MsgBox("Sure?", kQuestion + kYesNo, "Ask"), std::logic_error);
-}
-
-TEST(ScriptedResponder, TurnsTheEndOfTheProgramIntoAnException) {
-    ScriptedResponder responder;
+    EXPECT_THROW(MsgBox("Sure?", kQuestion + kYesNo, "Ask"), std::logic_error);  // no answer left
     EXPECT_THROW(EndProgramNow(), ProgramEnded);
     EXPECT_TRUE(responder.Ended());
 }
@@ -58,7 +50,7 @@ void PressWhenShown(QMessageBox::StandardButton button, BoxSeen& seen) {
     });
 }
 
-TEST(MsgBox, ShowsAQuestionWithYesAndNo) {
+TEST(MsgBox, ShowsTheStylesIconAndButtonsAndGivesTheAnswer) {
     BoxSeen seen;
     PressWhenShown(QMessageBox::No, seen);
     EXPECT_EQ(MsgBox("Delete\r\nthis user?", kQuestion + kYesNo, "Delete User"), kAnswerNo);
@@ -66,18 +58,13 @@ TEST(MsgBox, ShowsAQuestionWithYesAndNo) {
     EXPECT_EQ(seen.title, "Delete User");
     EXPECT_EQ(seen.text, "Delete\nthis user?");
     EXPECT_EQ(seen.buttons, 2);
-
     PressWhenShown(QMessageBox::Yes, seen);
     EXPECT_EQ(MsgBox("Again?", kQuestion + kYesNo, "Ask"), kAnswerYes);
-}
 
-TEST(MsgBox, ShowsAFaultWithTheExclamationIconAndOneButton) {
-    BoxSeen seen;
     PressWhenShown(QMessageBox::Ok, seen);
     EXPECT_EQ(MsgBox("Overflow", kExclamation, "Ini File"), kAnswerOK);
     EXPECT_EQ(seen.icon, QMessageBox::Warning);
     EXPECT_EQ(seen.buttons, 1);
-
     PressWhenShown(QMessageBox::Ok, seen);
     MsgBox("Copied.", kInformation, "Done");
     EXPECT_EQ(seen.icon, QMessageBox::Information);

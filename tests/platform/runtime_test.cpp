@@ -7,65 +7,34 @@
 #include <ctime>
 #include <filesystem>
 
-#include "runtime_temp_dir.h"
+#include "dao_fixture.h"
 
 using namespace platform;
 
 namespace {
 
-// Runs the statement and returns the number of the run-time error it raised, 0 if none.
-template <class Statement>
-std::int32_t ErrorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
+TEST(Val, ReadsTheLeadingNumberIgnoringBlanksAnywhereAndOverflowsBeyondADouble) {
+    for (const auto& [text, value] :
+         std::vector<std::pair<const char*, double>>{{"12abc", 12}, {"abc", 0}, {"", 0}, {"-", 0}, {"2.5", 2.5},
+                                                     {".5x", 0.5}, {"+7", 7}, {"-2.5e1x", -25}, {"1d2", 100},
+                                                     {"3e", 3}, {"1,5", 1}, {"$5", 0}, {" 1 2\t3\n4", 1234},
+                                                     {"  - 7", -7}})
+        EXPECT_EQ(Val(text), value) << text;
+    EXPECT_EQ(ErrorOf([] { Val("1e999"); }).first, kErrOverflow);
 }
 
-TEST(Val, ReadsTheLeadingNumberOnly) {
-    EXPECT_EQ(Val("12abc"), 12);
-    EXPECT_EQ(Val("abc"), 0);
-    EXPECT_EQ(Val(""), 0);
-    EXPECT_EQ(Val("-"), 0);
-    EXPECT_EQ(Val("2.5"), 2.5);
-    EXPECT_EQ(Val(".5x"), 0.5);
-    EXPECT_EQ(Val("+7"), 7);
-    EXPECT_EQ(Val("-2.5e1x"), -25);
-    EXPECT_EQ(Val("1d2"), 100);
-    EXPECT_EQ(Val("3e"), 3);
-    EXPECT_EQ(Val("1,5"), 1);
-    EXPECT_EQ(Val("$5"), 0);
-}
-
-TEST(Val, IgnoresBlanksTabsAndLineFeedsAnywhere) {
-    EXPECT_EQ(Val(" 1 2\t3\n4"), 1234);
-    EXPECT_EQ(Val("  - 7"), -7);
-}
-
-TEST(Val, OverflowsBeyondADouble) { EXPECT_EQ(ErrorOf([] { Val("1e999"); }), kErrOverflow); }
-
-TEST(Conversion, RoundsHalvesToEven) {
-    EXPECT_EQ(RoundToEven(2.5), 2);
-    EXPECT_EQ(RoundToEven(3.5), 4);
-    EXPECT_EQ(RoundToEven(-2.5), -2);
-    EXPECT_EQ(RoundToEven(-3.5), -4);
-    EXPECT_EQ(RoundToEven(2.4999), 2);
-    EXPECT_EQ(RoundToEven(2.5001), 3);
+TEST(Conversion, RoundsHalvesToEvenAndOverflowsOutsideTheWidthAfterRounding) {
+    for (const auto& [value, rounded] : std::vector<std::pair<double, double>>{
+             {2.5, 2}, {3.5, 4}, {-2.5, -2}, {-3.5, -4}, {2.4999, 2}, {2.5001, 3}})
+        EXPECT_EQ(RoundToEven(value), rounded) << value;
     EXPECT_EQ(CInt(0.5), 0);
     EXPECT_EQ(CLng(1.5), 2);
-}
-
-TEST(Conversion, OverflowsOutsideTheWidthAfterRounding) {
     EXPECT_EQ(CInt(32767.4), 32767);
     EXPECT_EQ(CInt(-32768.5), -32768);  // rounds to the even -32768, which fits
-    EXPECT_EQ(ErrorOf([] { CInt(32767.5); }), kErrOverflow);
-    EXPECT_EQ(ErrorOf([] { CInt(-32769); }), kErrOverflow);
     EXPECT_EQ(CLng(2147483647.0), 2147483647);
-    EXPECT_EQ(ErrorOf([] { CLng(2147483647.5); }), kErrOverflow);
-    EXPECT_EQ(ErrorOf([] { CLng(-2147483649.0); }), kErrOverflow);
-    EXPECT_EQ(ErrorOf([] { CLng(std::nan("")); }), kErrOverflow);
+    for (const double value : {32767.5, -32769.0}) EXPECT_EQ(ErrorOf([=] { CInt(value); }).first, kErrOverflow);
+    for (const double value : {2147483647.5, -2147483649.0, std::nan("")})
+        EXPECT_EQ(ErrorOf([=] { CLng(value); }).first, kErrOverflow) << value;
 }
 
 TEST(Strings, TrimRemovesSpacesOnlyAndUCaseFoldsLetters) {
@@ -77,25 +46,17 @@ TEST(Strings, TrimRemovesSpacesOnlyAndUCaseFoldsLetters) {
 
 TEST(RuntimeErrors, CarryThePlatformsDescriptions) {
     for (auto [number, text] : {std::pair{6, "Overflow"}, {53, "File not found"}, {70, "Permission denied"},
-                                {75, "Path/File access error"}, {76, "Path not found"}}) {
-        try {
-            Raise(number);
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number(), number);
-            EXPECT_EQ(error.Description(), text);
-        }
-    }
+                                {75, "Path/File access error"}, {76, "Path not found"}})
+        EXPECT_EQ(ErrorOf([number = number] { Raise(number); }), std::make_pair(number, std::string(text)));
 }
 
-TEST(AppPath, IsTheExecutablesDirectoryUnlessOverridden) {
+TEST(Files, AppPathIsTheExecutablesDirectoryUnlessOverriddenAndFileExistsFindsRegularFilesOnly) {
     EXPECT_TRUE(FileExists(AppPath() + "/platform_tests"));
     SetAppPath("/somewhere/else");
     EXPECT_EQ(AppPath(), "/somewhere/else");
     SetAppPath(std::nullopt);
     EXPECT_TRUE(FileExists(AppPath() + "/platform_tests"));
-}
 
-TEST(FileExists, FindsRegularFilesOnly) {
     TempDir dir;
     WriteBytes(dir.File("a.txt"), "x");
     std::filesystem::create_directory(dir.File("sub"));
@@ -103,11 +64,12 @@ TEST(FileExists, FindsRegularFilesOnly) {
     EXPECT_FALSE(FileExists(dir.File("sub")));
     EXPECT_FALSE(FileExists(dir.File("missing.txt")));
     EXPECT_FALSE(FileExists(dir.File("missing/a.txt")));
-    EXPECT_EQ(ErrorOf([&] { FileExists(dir.Path() + "/" + std::string(5000, 'x')); }), kErrBadFileNameOrNumber);
+    EXPECT_EQ(ErrorOf([&] { FileExists(dir.Path() + "/" + std::string(5000, 'x')); }).first, kErrBadFileNameOrNumber);
 }
 
-TEST(TextFile, WritesLinesWithCrLfAndReadsAnyLineEnd) {
+TEST(TextFile, WritesLinesWithCrLfOverWhatWasThereAndReadsAnyLineEnd) {
     TempDir dir;
+    WriteBytes(dir.File("t.txt"), "old contents, longer than the new\r\n");
     TextFile out;
     out.OpenForOutput(dir.File("t.txt"));
     out.PrintLine("first");
@@ -122,42 +84,33 @@ TEST(TextFile, WritesLinesWithCrLfAndReadsAnyLineEnd) {
     std::vector<std::string> lines;
     while (!in.AtEnd()) lines.push_back(in.LineInput());
     EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "d"}));
-    EXPECT_EQ(ErrorOf([&] { in.LineInput(); }), kErrInputPastEndOfFile);
+    EXPECT_EQ(ErrorOf([&] { in.LineInput(); }).first, kErrInputPastEndOfFile);
     in.Close();
-}
-
-TEST(TextFile, OpenForOutputEmptiesTheFile) {
-    TempDir dir;
-    WriteBytes(dir.File("t.txt"), "old contents\r\n");
-    TextFile out;
-    out.OpenForOutput(dir.File("t.txt"));
-    out.Close();
-    EXPECT_EQ(ReadBytes(dir.File("t.txt")), "");
 }
 
 TEST(TextFile, RaisesThePlatformsFileErrors) {
     TempDir dir;
     std::filesystem::create_directory(dir.File("sub"));
     TextFile file;
-    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("missing.txt")); }), kErrFileNotFound);
-    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("nodir/a.txt")); }), kErrPathNotFound);
-    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("nodir/a.txt")); }), kErrPathNotFound);
-    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("sub")); }), kErrPathFileAccess);
-    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("sub")); }), kErrPathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("missing.txt")); }).first, kErrFileNotFound);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("nodir/a.txt")); }).first, kErrPathNotFound);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("nodir/a.txt")); }).first, kErrPathNotFound);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForInput(dir.File("sub")); }).first, kErrPathFileAccess);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("sub")); }).first, kErrPathFileAccess);
     EXPECT_FALSE(file.IsOpen());
 
     // A file that isn't open: every statement but Close fails.
-    EXPECT_EQ(ErrorOf([&] { file.PrintLine("x"); }), kErrBadFileNameOrNumber);
-    EXPECT_EQ(ErrorOf([&] { file.LineInput(); }), kErrBadFileNameOrNumber);
-    EXPECT_EQ(ErrorOf([&] { file.AtEnd(); }), kErrBadFileNameOrNumber);
-    EXPECT_EQ(ErrorOf([&] { file.Close(); }), 0);
+    EXPECT_EQ(ErrorOf([&] { file.PrintLine("x"); }).first, kErrBadFileNameOrNumber);
+    EXPECT_EQ(ErrorOf([&] { file.LineInput(); }).first, kErrBadFileNameOrNumber);
+    EXPECT_EQ(ErrorOf([&] { file.AtEnd(); }).first, kErrBadFileNameOrNumber);
+    EXPECT_EQ(ErrorOf([&] { file.Close(); }).first, 0);
 
     file.OpenForOutput(dir.File("w.txt"));
-    EXPECT_EQ(ErrorOf([&] { file.LineInput(); }), kErrBadFileMode);
-    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("w.txt")); }), kErrFileAlreadyOpen);
+    EXPECT_EQ(ErrorOf([&] { file.LineInput(); }).first, kErrBadFileMode);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("w.txt")); }).first, kErrFileAlreadyOpen);
     file.Close();
     file.OpenForInput(dir.File("w.txt"));
-    EXPECT_EQ(ErrorOf([&] { file.PrintLine("x"); }), kErrBadFileMode);
+    EXPECT_EQ(ErrorOf([&] { file.PrintLine("x"); }).first, kErrBadFileMode);
 }
 
 TEST(TextFile, ReadOnlyFileRefusesOutput) {
@@ -166,19 +119,16 @@ TEST(TextFile, ReadOnlyFileRefusesOutput) {
     WriteBytes(dir.File("ro.txt"), "x");
     std::filesystem::permissions(dir.File("ro.txt"), std::filesystem::perms::owner_read);
     TextFile file;
-    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("ro.txt")); }), kErrPermissionDenied);
+    EXPECT_EQ(ErrorOf([&] { file.OpenForOutput(dir.File("ro.txt")); }).first, kErrPermissionDenied);
 }
 
-TEST(Dates, CountDaysFromTheEndOf1899) {
+TEST(Dates, CountDaysFromTheEndOf1899AndFormatTokensAndLiterals) {
     EXPECT_EQ(DateValue(1899, 12, 30), 0);
     EXPECT_EQ(DateValue(1900, 1, 1), 2);
     EXPECT_EQ(DateValue(2000, 1, 1), 36526);
     EXPECT_EQ(DateValue(2000, 3, 1) - DateValue(2000, 2, 28), 2);  // a leap year
     EXPECT_EQ(DateValue(2000, 1, 1, 12), 36526.5);
     EXPECT_LT(DateValue(2023, 12, 31, 23, 59, 59), DateValue(2024, 1, 1));
-}
-
-TEST(Dates, FormatTokensAndLiterals) {
     const double date = DateValue(2024, 1, 5, 13, 4, 9);
     EXPECT_EQ(FormatDate(date, "yyyy-mm-dd hh:nn:ss"), "2024-01-05 13:04:09");
     EXPECT_EQ(FormatDate(date, "mmm dd"), "Jan 05");

@@ -4,11 +4,12 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "storage_fixture.h"
 
 using namespace modGlobal;
-using platform::ScriptedResponder;
+using platform::kExclamation;
 
 namespace {
 
@@ -22,7 +23,7 @@ public:
     void SetWindowState(int state) override { windowState = state; }
 
     std::array<std::optional<bool>, 7> menus;
-    bool music = false;
+    bool music = true;
     int windowState = -1;
 };
 
@@ -31,86 +32,73 @@ protected:
     std::string IniFile() const { return app_.File("dovrin.ini"); }
     void WriteIni(const std::string& text) { WriteBytes(IniFile(), text); }
 
+    // Everything a load may set; the menu entries as T (shown), F (hidden) or - (untouched).
+    std::string Loaded() const {
+        std::string menus;
+        for (const auto& menu : form_.menus) menus += menu ? (*menu ? 'T' : 'F') : '-';
+        return "ids " + std::to_string(glUserId) + "/" + std::to_string(glLastUserId) + ", path " + gsDbPath +
+               ", window " + std::to_string(form_.windowState) + ", sound " + std::to_string(gbSoundOn) +
+               ", speed " + std::to_string(glAnimSpeed) + ", animals " + std::to_string(gbAnimalsOn) +
+               ", music " + std::to_string(form_.music) + ", copylnk " + std::to_string(gbCopyLink) +
+               ", menus " + menus;
+    }
+
+    // A save that can't open its file tells every statement that fails after it.
+    void ExpectOneMessagePerFailingStatement(const std::string& openError) {
+        std::vector<Box> expected(10, {"Ini Save Error", kExclamation, "Bad file name or number"});
+        expected[0].text = openError;
+        EXPECT_EQ(Boxes(), expected);
+        EXPECT_EQ(responder_.BeepCount(), 10);
+    }
+
     FakeSettingsForm form_;
 };
 
 TEST_F(SettingsFileTest, AMissingFileGivesOneWarningAndAllTheDefaults) {
     glAnimSpeed = 5;
     gsDbPath = "/elsewhere";
+    form_.music = false;
     storage::LoadSettings(form_);
 
     const auto& events = responder_.Events();
     ASSERT_EQ(events.size(), 2u);
-    EXPECT_EQ(events[0].kind, ScriptedResponder::Event::Beep);
-    EXPECT_EQ(events[1].text, IniFile() + " not found!\r\nLoading DOVRIN using defaults.");
-    EXPECT_EQ(events[1].title, "The Dovrin Game");
-    EXPECT_EQ(events[1].style, platform::kExclamation);
-
-    EXPECT_EQ(gsDbPath, app_.Path());
-    EXPECT_EQ(glLastUserId, 0);
-    EXPECT_EQ(form_.windowState, 0);
-    EXPECT_FALSE(gbAnimalsOn);
-    EXPECT_TRUE(form_.music);
-    EXPECT_TRUE(gbSoundOn);
-    EXPECT_EQ(glAnimSpeed, 80000);
-    const std::array<std::optional<bool>, 7> menus = {true, false, std::nullopt, false, true, false, true};
-    EXPECT_EQ(form_.menus, menus);
+    EXPECT_EQ(events[0].kind, platform::ScriptedResponder::Event::Beep);
+    EXPECT_EQ(Boxes(), (std::vector<Box>{{"The Dovrin Game", kExclamation,
+                                          IniFile() + " not found!\r\nLoading DOVRIN using defaults."}}));
+    EXPECT_EQ(Loaded(), "ids 0/0, path " + app_.Path() +
+                            ", window 0, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT");
 }
 
-TEST_F(SettingsFileTest, AnExistingFileHasNoDefaultsPerKey) {
-    WriteIni("[Options]\r\n");
-    storage::LoadSettings(form_);
-    EXPECT_TRUE(responder_.Events().empty());
-    EXPECT_EQ(gsDbPath, "");
-    EXPECT_EQ(glAnimSpeed, 0);
-    EXPECT_FALSE(gbSoundOn);
-    EXPECT_FALSE(gbAnimalsOn);
-    EXPECT_EQ(form_.windowState, -1);
-    EXPECT_EQ(form_.menus, (std::array<std::optional<bool>, 7>{}));
-}
-
-TEST_F(SettingsFileTest, ReadsEachKeyByItsRules) {
-    form_.music = true;
-    WriteIni(
-        "[Options]\r\n"
-        "user_id=12abc\r\n"
-        "db_path=APPPATH\r\n"
-        "maxform=1\r\n"
-        "soundon=True\r\n"
-        "animspd=2.5\r\n"
-        "animals_x = TRUE \r\n"
-        "musicon=true\r\n"
-        " soundon=TRUE\r\n"
-        "SOUNDON=TRUE\r\n"
-        "copylnk=TRUE\r\n");
-    storage::LoadSettings(form_);
-    EXPECT_TRUE(responder_.Events().empty());
-    EXPECT_EQ(glLastUserId, 12);
-    EXPECT_EQ(glUserId, 0);
-    EXPECT_EQ(gsDbPath, app_.Path());
-    EXPECT_EQ(form_.windowState, -1);  // maxform is never read back
-    EXPECT_FALSE(gbSoundOn);           // only "TRUE" is true
-    EXPECT_EQ(glAnimSpeed, 2000);      // 2.5 rounds to the even 2 before the factor
-    EXPECT_TRUE(gbAnimalsOn);          // the key is the first seven characters
-    EXPECT_FALSE(form_.music);
-    EXPECT_FALSE(gbCopyLink);  // not a key of this reader
-    const std::array<std::optional<bool>, 7> menus = {false, true, std::nullopt, true, false, true, false};
-    EXPECT_EQ(form_.menus, menus);
-}
-
-TEST_F(SettingsFileTest, ValuesFollowTheFirstEqualsSignAndALaterLineWins) {
-    WriteIni(
-        "user_id=abc\n"
-        "user_id = 7\n"
-        "animspd=40\n"
-        "db_path=apppath\n"
-        "animspd=x=3\n"
-        "soundon\n");
-    storage::Ini_Load(IniFile(), form_);
-    EXPECT_EQ(glLastUserId, 7);
-    EXPECT_EQ(gsDbPath, "apppath");  // only the capitals are the symbol
-    EXPECT_EQ(glAnimSpeed, 0);
-    EXPECT_FALSE(gbSoundOn);
+TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAndAKeyNotInTheFileKeepsItsValue) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"[Options]\r\n",
+         "ids 0/0, path , window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -------"},
+        {"[Options]\r\n"
+         "user_id=12abc\r\n"
+         "db_path=APPPATH\r\n"
+         "maxform=1\r\n"          // never read back
+         "soundon=True\r\n"       // only "TRUE" is true
+         "animspd=2.5\r\n"        // rounds to the even 2 before the factor
+         "animals_x = TRUE \r\n"  // the key is the first seven characters
+         "musicon=true\r\n"
+         " soundon=TRUE\r\n"
+         "SOUNDON=TRUE\r\n"
+         "copylnk=TRUE\r\n",  // not a key of this reader
+         "ids 0/12, path " + app_.Path() +
+             ", window -1, sound 0, speed 2000, animals 1, music 0, copylnk 0, menus FT-TFTF"},
+        // The value follows the first equals sign, a later line wins, and
+        // only the capitals are the symbol of the program's directory.
+        {"user_id=abc\nuser_id = 7\nanimspd=40\ndb_path=apppath\nanimspd=x=3\nsoundon\n",
+         "ids 0/7, path apppath, window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -----TF"},
+    };
+    for (const auto& [ini, loaded] : cases) {
+        SCOPED_TRACE(ini);
+        ResetGlobals();
+        form_ = FakeSettingsForm();
+        WriteIni(ini);
+        storage::LoadSettings(form_);
+        EXPECT_EQ(Loaded(), loaded);
+    }
     EXPECT_TRUE(responder_.Events().empty());
 }
 
@@ -119,12 +107,8 @@ TEST_F(SettingsFileTest, AConversionErrorIsToldAndReadingGoesOn) {
     glLastUserId = 3;
     WriteIni("animspd=3000000\r\nuser_id=1e12\r\nsoundon=TRUE\r\nanimspd=80\r\n");
     storage::Ini_Load(IniFile(), form_);
-    const auto boxes = responder_.Boxes();
-    ASSERT_EQ(boxes.size(), 2u);
+    EXPECT_EQ(Boxes(), std::vector<Box>(2, {"Ini File", kExclamation, "Overflow"}));
     EXPECT_EQ(responder_.BeepCount(), 2);
-    EXPECT_EQ(boxes[0].text, "Overflow");
-    EXPECT_EQ(boxes[0].title, "Ini File");
-    EXPECT_EQ(boxes[0].style, platform::kExclamation);
     EXPECT_EQ(glLastUserId, 3);
     EXPECT_TRUE(gbSoundOn);
     EXPECT_EQ(glAnimSpeed, 80000);
@@ -137,7 +121,6 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLf) {
     form_.windowState = 2;
     gbSoundOn = true;
     glAnimSpeed = 80999;
-    gbCopyLink = false;
     gbAnimalsOn = true;
     form_.music = false;
     storage::Ini_Save(form_);
@@ -165,34 +148,19 @@ TEST_F(SettingsFileTest, TheDeliveredFileResolvesToTheRealDirectoryAtTheNextSave
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=0\r\ndb_path=APPPATH\r\nmaxform=0\r\nsoundon=TRUE\r\nanimspd=80\r\n"
               "copylnk=TRUE\r\nanimals=FALSE\r\nmusicon=TRUE\r\n");
+    form_.music = false;
     storage::LoadSettings(form_);
-    EXPECT_EQ(gsDbPath, app_.Path());
-    EXPECT_EQ(glAnimSpeed, 80000);
-    EXPECT_TRUE(gbSoundOn);
-    EXPECT_TRUE(form_.music);
-    EXPECT_FALSE(gbAnimalsOn);
+    EXPECT_EQ(Loaded(), "ids 0/0, path " + app_.Path() +
+                            ", window -1, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT");
     storage::Ini_Save(form_);
     EXPECT_NE(ReadBytes(IniFile()).find("\r\ndb_path=" + app_.Path() + "\r\n"), std::string::npos);
     EXPECT_TRUE(responder_.Events().empty());
 }
 
-// A save that can't open its file tells every statement that fails after it.
-void ExpectOneMessagePerFailingStatement(const ScriptedResponder& responder, const std::string& openError) {
-    const auto boxes = responder.Boxes();
-    ASSERT_EQ(boxes.size(), 10u);
-    EXPECT_EQ(responder.BeepCount(), 10);
-    EXPECT_EQ(boxes[0].text, openError);
-    for (std::size_t i = 1; i < boxes.size(); ++i) EXPECT_EQ(boxes[i].text, "Bad file name or number");
-    for (const auto& box : boxes) {
-        EXPECT_EQ(box.title, "Ini Save Error");
-        EXPECT_EQ(box.style, platform::kExclamation);
-    }
-}
-
 TEST_F(SettingsFileTest, ASaveThatCantOpenItsFileTellsEachFailingStatement) {
     std::filesystem::create_directory(IniFile());
     storage::Ini_Save(form_);
-    ExpectOneMessagePerFailingStatement(responder_, "Path/File access error");
+    ExpectOneMessagePerFailingStatement("Path/File access error");
 }
 
 TEST_F(SettingsFileTest, ASaveOverAReadOnlyFileTellsEachFailingStatement) {
@@ -200,44 +168,40 @@ TEST_F(SettingsFileTest, ASaveOverAReadOnlyFileTellsEachFailingStatement) {
     WriteIni("[Options]\r\n");
     std::filesystem::permissions(IniFile(), std::filesystem::perms::owner_read);
     storage::Ini_Save(form_);
-    ExpectOneMessagePerFailingStatement(responder_, "Permission denied");
+    ExpectOneMessagePerFailingStatement("Permission denied");
     EXPECT_EQ(ReadBytes(IniFile()), "[Options]\r\n");
 }
 
 class CopyLinkOptionTest : public SettingsFileTest {
 protected:
+    // Compared in capitals, so the case of the directory doesn't matter.
     void InstallHere() { platform::SetRegularInstallDirs({{"/opt/nowhere", platform::UCase(app_.Path())}}); }
-    bool Read(bool& noUser) { return ReadCopyLinkOption(noUser); }
 };
 
-TEST_F(CopyLinkOptionTest, OutsideTheInstallDirectoriesNoFileIsRead) {
+TEST_F(CopyLinkOptionTest, OnlyInsideTheInstallDirectoriesIsTheFileReadAndOnlyItsKeysFolded) {
+    bool noUser = false;
     WriteIni("copylnk=TRUE\r\nuser_id=0\r\n");
-    bool noUser = false;
-    EXPECT_FALSE(Read(noUser));
+    EXPECT_FALSE(ReadCopyLinkOption(noUser));
     EXPECT_FALSE(noUser);
-    EXPECT_TRUE(responder_.Events().empty());
-}
 
-TEST_F(CopyLinkOptionTest, InsideOnlyTheKeyIsFoldedToCapitals) {
-    InstallHere();  // compared in capitals, so the case of the directory doesn't matter
-    bool noUser = false;
-    EXPECT_FALSE(Read(noUser));  // no file
-
-    WriteIni("[Options]\r\nuser_id=0\r\n");
-    EXPECT_TRUE(Read(noUser));  // no copylnk line
+    InstallHere();
+    EXPECT_TRUE(ReadCopyLinkOption(noUser));
     EXPECT_TRUE(noUser);
 
+    std::filesystem::remove(IniFile());
+    EXPECT_FALSE(ReadCopyLinkOption(noUser));
+
     WriteIni("COPYLNK=TRUE\r\nUser_Id=5\r\n");
-    EXPECT_TRUE(Read(noUser));
+    EXPECT_TRUE(ReadCopyLinkOption(noUser));
     EXPECT_FALSE(noUser);
 
     WriteIni("copylnk=TRUE\r\nCopylnk=true\r\n");
-    EXPECT_FALSE(Read(noUser));
+    EXPECT_FALSE(ReadCopyLinkOption(noUser));
 
-    WriteIni("copylnk=TRUE\r\nuser_id=0.5\r\n");
+    WriteIni("[Options]\r\nuser_id=0.5\r\n");
     noUser = true;
-    EXPECT_TRUE(Read(noUser));
-    EXPECT_FALSE(noUser);  // the numeric value, unrounded, isn't 0
+    EXPECT_TRUE(ReadCopyLinkOption(noUser));  // no copylnk line
+    EXPECT_FALSE(noUser);                     // the numeric value, unrounded, isn't 0
     EXPECT_TRUE(responder_.Events().empty());
 }
 
@@ -245,10 +209,8 @@ TEST_F(CopyLinkOptionTest, AnErrorIsToldWithoutABeepAndGivesFalse) {
     InstallHere();
     WriteIni("copylnk=TRUE\r\nuser_id=1e999\r\n");
     bool noUser = false;
-    EXPECT_FALSE(Read(noUser));
-    ASSERT_EQ(responder_.Events().size(), 1u);
-    EXPECT_EQ(responder_.Events()[0].text, "Overflow");
-    EXPECT_EQ(responder_.Events()[0].title, "Ini File");
+    EXPECT_FALSE(ReadCopyLinkOption(noUser));
+    EXPECT_EQ(Boxes(), (std::vector<Box>{{"Ini File", kExclamation, "Overflow"}}));
     EXPECT_EQ(responder_.BeepCount(), 0);
 }
 

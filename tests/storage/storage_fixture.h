@@ -6,13 +6,33 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <initializer_list>
+#include <ostream>
 #include <string>
+#include <vector>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
 #include "platform/runtime.h"
 #include "platform/runtime_temp_dir.h"
+#include "storage/data_procedure.h"
 #include "storage/mod_global_db.h"
+#include "storage/top_ten.h"
+
+// A message box as the user saw it.
+struct Box {
+    std::string title;
+    int style;
+    std::string text;
+
+    bool operator==(const Box& other) const {
+        return title == other.title && style == other.style && text == other.text;
+    }
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Box& box) {
+    return out << box.title << " [" << box.style << "] " << ::testing::PrintToString(box.text);
+}
 
 class StorageTest : public ::testing::Test {
 protected:
@@ -29,10 +49,61 @@ protected:
 
     // Copies a file the build delivers beside the program into `directory`.
     static void Deliver(const std::string& name, const std::string& directory) {
-        std::filesystem::copy_file(std::string(DOVRIN_PROGRAM_DIR) + "/" + name, directory + "/" + name,
+        std::filesystem::copy_file(std::string(DOVRIN_DELIVERED_DIR) + "/" + name, directory + "/" + name,
                                    std::filesystem::copy_options::overwrite_existing);
+    }
+
+    std::vector<Box> Boxes() const {
+        std::vector<Box> boxes;
+        for (const auto& box : responder_.Boxes()) boxes.push_back({box.title, box.style, box.text});
+        return boxes;
     }
 
     TempDir app_;
     platform::ScriptedResponder responder_;
+};
+
+// The delivered database in the program's directory, in use, and read or
+// written behind the back of the procedures under test.
+class DeliveredDbTest : public StorageTest {
+protected:
+    void SetUp() override {
+        StorageTest::SetUp();
+        Deliver("Lantern.mdb", app_.Path());
+        modGlobal::gsDbPath = app_.Path();
+    }
+
+    static std::unique_ptr<dao::Database> Open() {
+        return dao::DBEngine::OpenDatabase(storage::DbFileName(), false, false, storage::kDbConnect);
+    }
+
+    // The rows of a query in the engine's order, each as the texts of
+    // `fields` joined by '|', a Null as '-'.
+    static std::vector<std::string> Rows(const std::string& select, std::initializer_list<const char*> fields) {
+        auto rs = Open()->OpenRecordset(select, dao::dbOpenSnapshot);
+        std::vector<std::string> rows;
+        for (; !rs->Eof(); rs->MoveNext()) {
+            std::string row;
+            const char* separator = "";
+            for (const char* field : fields) {
+                const dao::Variant value = rs->Fields(field).Value();
+                row += separator + (value.IsNull() ? std::string("-") : value.ToString());
+                separator = "|";
+            }
+            rows.push_back(row);
+        }
+        return rows;
+    }
+
+    static void InsertTopTen(const std::vector<storage::TopTenEntry>& entries) {
+        auto rs = Open()->OpenRecordset("SELECT * FROM topten", dao::dbOpenDynaset);
+        for (const storage::TopTenEntry& entry : entries) {
+            rs->AddNew();
+            rs->Fields("name") = entry.name;
+            rs->Fields("score") = entry.score;
+            rs->Fields("skilllevel") = entry.skilllevel;
+            rs->Fields("date") = dao::Variant::Date(entry.date);
+            rs->Update();
+        }
+    }
 };

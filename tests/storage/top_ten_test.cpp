@@ -1,7 +1,15 @@
+#include <chrono>
 #include <string>
 #include <vector>
 
-#include "top_ten_fixture.h"
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+#include "platform/do_events.h"
+#include "sound/mod_sound_lib.h"
+#include "storage/f_top_ten.h"
+#include "storage_fixture.h"
 
 using namespace modGlobal;
 using platform::DateValue;
@@ -10,12 +18,14 @@ using storage::TopTenList;
 
 namespace {
 
+using Strings = std::vector<std::string>;
+
 constexpr double kOneSecond = 1.0 / 86400;
 
-class TopTenListTest : public TopTenTest {
+class TopTenListTest : public DeliveredDbTest {
 protected:
     void SetUp() override {
-        TopTenTest::SetUp();
+        DeliveredDbTest::SetUp();
         gsUserName = "Ann";
         gsSkillLevel = "Hard";
     }
@@ -23,6 +33,7 @@ protected:
     // Places `score` in a list freshly loaded from the table.
     bool Place(std::int16_t score) {
         list_ = TopTenList();
+        list_.SetHighScoreFanfare([this] { ++fanfares_; });
         list_.TopTenLoad();
         gaStanding[0].funds = score;
         return list_.CheckHighScore();
@@ -34,20 +45,11 @@ protected:
         return names;
     }
 
-    // Ten rows scoring 1000, 900, ... 100, named by their score.
-    static void InsertFullList() {
-        std::vector<TopTenEntry> entries;
-        for (std::int16_t score = 1000; score >= 100; score -= 100)
-            entries.push_back({std::to_string(score), score, "Easy", DateValue(2024, 3, 1)});
-        Insert(entries);
-    }
-
     TopTenList list_;
+    int fanfares_ = 0;
 };
 
-}  // namespace
-
-TEST_F(TopTenListTest, AnEmptyTableGivesTenBlankRowsAndOnlyAPositiveScoreEnters) {
+TEST_F(TopTenListTest, AnEmptyTableGivesBlankRowsAPositiveScoreEntersAndFiveHundredSoundsTheFanfare) {
     const double before = platform::Now();
     for (const std::int16_t score : {0, -5}) {
         giTopTenRow = 99;
@@ -68,10 +70,22 @@ TEST_F(TopTenListTest, AnEmptyTableGivesTenBlankRowsAndOnlyAPositiveScoreEnters)
     EXPECT_EQ(entry.skilllevel, "Hard");
     EXPECT_NEAR(entry.date, before, 2 * kOneSecond);
     EXPECT_EQ(list_.maTopTen[1].score, 0);
+
+    EXPECT_TRUE(Place(499));
+    EXPECT_EQ(fanfares_, 0);
+    EXPECT_TRUE(Place(500));
+    EXPECT_EQ(fanfares_, 1);
+    for (TopTenEntry& row : list_.maTopTen) row.score = 700;
+    gaStanding[0].funds = 650;
+    EXPECT_FALSE(list_.CheckHighScore());
+    EXPECT_EQ(fanfares_, 1);
 }
 
 TEST_F(TopTenListTest, AnEqualScoreRanksBelowAndTheTenthRowFallsOff) {
-    InsertFullList();
+    std::vector<TopTenEntry> entries;
+    for (std::int16_t score = 1000; score >= 100; score -= 100)
+        entries.push_back({std::to_string(score), score, "Easy", DateValue(2024, 3, 1)});
+    InsertTopTen(entries);
     ASSERT_TRUE(Place(900));
     EXPECT_EQ(giTopTenRow, 2);
     EXPECT_EQ(Names(), (std::vector<std::string>{"1000", "900", "Ann", "800", "700", "600", "500", "400", "300",
@@ -88,32 +102,14 @@ TEST_F(TopTenListTest, AnEqualScoreRanksBelowAndTheTenthRowFallsOff) {
     EXPECT_EQ(giTopTenRow, 4);
 }
 
-TEST_F(TopTenListTest, TheFanfareRunsForAnEnteringScoreOfFiveHundredOrMore) {
-    int fanfares = 0;
-    const auto placeWithFanfare = [&](std::int16_t score) {
-        list_.SetHighScoreFanfare([&] { ++fanfares; });
-        gaStanding[0].funds = score;
-        return list_.CheckHighScore();
-    };
-    list_.TopTenLoad();
-    EXPECT_TRUE(placeWithFanfare(499));
-    EXPECT_EQ(fanfares, 0);
-    EXPECT_TRUE(placeWithFanfare(500));
-    EXPECT_EQ(fanfares, 1);
-
-    for (TopTenEntry& entry : list_.maTopTen) entry.score = 700;
-    EXPECT_FALSE(placeWithFanfare(650));
-    EXPECT_EQ(fanfares, 1);
-}
-
 TEST_F(TopTenListTest, TheSaveRewritesTenRowsThatLoadBackInScoreOrder) {
-    Insert({{"stale", 20, "Easy", DateValue(2020, 1, 1)}});
+    InsertTopTen({{"stale", 20, "Easy", DateValue(2020, 1, 1)}});
     list_.TopTenLoad();
     list_.maTopTen[0] = {"Bo", 310, "Medium", DateValue(2023, 12, 31, 23, 59, 59)};
     list_.maTopTen[1] = {"Cy", 720, "Hard", DateValue(2024, 2, 29, 8, 30)};
     list_.maTopTen[2] = {"Di", -3, "Easy", DateValue(2024, 1, 1)};
     list_.TopTenSave();
-    EXPECT_EQ(TableRows().size(), 10u);
+    EXPECT_EQ(Rows("SELECT * FROM topten", {"name"}).size(), 10u);
 
     TopTenList loaded;
     loaded.TopTenLoad();
@@ -127,3 +123,124 @@ TEST_F(TopTenListTest, TheSaveRewritesTenRowsThatLoadBackInScoreOrder) {
     EXPECT_EQ(loaded.maTopTen[9].score, -3);
     EXPECT_TRUE(responder_.Events().empty());
 }
+
+
+const QColor kDarkBlue(0, 0, 128);
+const QColor kPurple(128, 0, 128);
+const QColor kBlue(0, 0, 255);
+const Strings kNoText(10, "");
+
+QColor TextColour(const QLabel* label) { return label->palette().color(QPalette::WindowText); }
+
+Strings Column(const std::array<QLabel*, 10>& labels) {
+    Strings texts;
+    for (const QLabel* label : labels) texts.push_back(label->text().toStdString());
+    return texts;
+}
+
+class FTopTenTest : public DeliveredDbTest {
+protected:
+    void SetUp() override {
+        DeliveredDbTest::SetUp();
+        giTopTenRow = 99;
+        modSoundLib::SetKeyObserver([this](const std::string& key, bool) { sounds_.push_back(key); });
+        InsertTopTen({{"Bo", 310, "Medium", DateValue(2024, 1, 1)},
+                      {"Cy", 720, "Hard", DateValue(2024, 2, 29)},
+                      {"Di", 45, "Easy", DateValue(2023, 7, 4)}});
+    }
+    void TearDown() override {
+        modSoundLib::SetKeyObserver(nullptr);
+        DeliveredDbTest::TearDown();
+    }
+
+    std::vector<std::string> sounds_;
+};
+
+TEST_F(FTopTenTest, ShowsTheBestFirstAndOnATieTheOlderEntryByItsWholeDate) {
+    InsertTopTen({{"Late", 300, "Easy", DateValue(2024, 1, 1, 9)},
+                  {"Ghost", 0, "Hard", DateValue(2024, 5, 5)},
+                  {"Old", 300, "Hard", DateValue(2023, 12, 31, 23)},
+                  {"Top", 900, "Medium", DateValue(2024, 6, 5)},
+                  {"Early", 300, "Easy", DateValue(2024, 1, 1, 0, 0, 1)}});
+    FTopTen form;
+    EXPECT_EQ(form.windowTitle(), "Lantern! Dovrin - Top Ten List");
+    const auto shown = [](Strings texts) {
+        texts.resize(10);
+        return texts;
+    };
+    EXPECT_EQ(Column(form.lblPlayer), shown({"Top", "Cy", "Bo", "Old", "Early", "Late", "Di"}));
+    EXPECT_EQ(Column(form.lblScore), shown({"900", "720", "310", "300", "300", "300", "45"}));
+    EXPECT_EQ(Column(form.lblSkilllevel), shown({"M", "H", "M", "H", "E", "E", "E"}));
+    EXPECT_EQ(Column(form.lblDate), shown({"Jun 05", "Feb 29", "Jan 01", "Dec 31", "Jan 01", "Jan 01", "Jul 04"}));
+    EXPECT_EQ(Column(form.lblNo), (Strings{"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+    EXPECT_EQ(form.cmdTopTen[0]->text(), "&OK");
+    EXPECT_EQ(form.cmdTopTen[1]->text(), "&Clear");
+}
+
+TEST_F(FTopTenTest, MarksTheNewRowButNotItsScoreAndFromTheMenuSoundsTheWin) {
+    for (const std::int16_t newRow : {1, 99}) {
+        giTopTenRow = newRow;
+        sounds_.clear();
+        FTopTen form;
+        for (int row = 0; row < 10; ++row) {
+            const bool marked = row == newRow;
+            EXPECT_EQ(TextColour(form.lblPlayer[row]), marked ? kBlue : kPurple);
+            EXPECT_EQ(TextColour(form.lblSkilllevel[row]), marked ? kBlue : kPurple);
+            EXPECT_EQ(TextColour(form.lblDate[row]), marked ? kBlue : kDarkBlue);
+            EXPECT_EQ(TextColour(form.lblScore[row]), kDarkBlue);
+        }
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(1100);
+        while (std::chrono::steady_clock::now() < end) platform::DoEvents();
+        EXPECT_EQ(sounds_, newRow == 99 ? Strings{"USERWON"} : Strings{});
+    }
+}
+
+TEST_F(FTopTenTest, ClearAsksThenEmptiesTheTableBeforeTheScreenAndAFailedOpenClosesTheList) {
+    FTopTen form;
+    form.show();
+    responder_.Answer(platform::kAnswerNo);
+    form.cmdTopTen[1]->click();
+    EXPECT_EQ(Rows("SELECT * FROM topten", {"name"}).size(), 3u);
+    EXPECT_EQ(form.lblPlayer[0]->text(), "Cy");
+
+    TempDir vanished;
+    gsDbPath = vanished.File("gone");
+    responder_.Answer(platform::kAnswerYes);
+    form.cmdTopTen[1]->click();
+    EXPECT_TRUE(gbDbFailed);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.lblPlayer[0]->text(), "Cy");
+
+    gsDbPath = app_.Path();
+    gbDbFailed = false;
+    form.show();
+    responder_.Answer(platform::kAnswerYes);
+    form.cmdTopTen[1]->click();
+    EXPECT_TRUE(Rows("SELECT * FROM topten", {"name"}).empty());
+    for (const auto* column : {&form.lblPlayer, &form.lblScore, &form.lblSkilllevel, &form.lblDate})
+        EXPECT_EQ(Column(*column), kNoText);
+    EXPECT_EQ(form.lblNo[9]->text(), "10");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Boxes(), std::vector<Box>(3, {"Top Ten List", platform::kQuestion + platform::kYesNo,
+                                            "Are you sure that you want\r\nto clear the top ten list?"}));
+    form.cmdTopTen[0]->click();
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(FTopTenTest, AFailedLoadShowsNothingAndTheListUnloadsWhenItActivates) {
+    TempDir vanished;
+    gsDbPath = vanished.File("gone");
+    giTopTenRow = 0;
+    FTopTen form;
+    EXPECT_TRUE(gbDbFailed);
+    EXPECT_EQ(Column(form.lblPlayer), kNoText);
+    bool closedByItself = true;
+    QTimer::singleShot(3000, &form, [&] {
+        closedByItself = false;
+        form.close();
+    });
+    form.exec();
+    EXPECT_TRUE(closedByItself);
+}
+
+}  // namespace

@@ -10,17 +10,17 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/mod_global.h"
 #include "platform/do_events.h"
 #include "shell/main_form_link.h"
 #include "sound/mod_sound_lib.h"
-#include "storage/data_procedure.h"
 #include "storage/storage_fixture.h"
 #include "table/f_game_over.h"
 
 using namespace modGlobal;
 
 namespace {
+
+using Strings = std::vector<std::string>;
 
 // The main form as the dialog sees it: the four money captions and the Tag.
 class FakeMainForm : public MainFormLink {
@@ -36,12 +36,10 @@ public:
     std::array<std::string, 4> money = {"180", "95", "250", "275"};
 };
 
-class FGameOverTest : public StorageTest {
+class FGameOverTest : public DeliveredDbTest {
 protected:
     void SetUp() override {
-        StorageTest::SetUp();
-        Deliver("Lantern.mdb", app_.Path());
-        gsDbPath = app_.Path();
+        DeliveredDbTest::SetUp();
         gsOpponent1 = "Lu";
         gsOpponent2 = "Mo";
         gsOpponent3 = "Ned";
@@ -52,32 +50,16 @@ protected:
     }
     void TearDown() override {
         modSoundLib::SetKeyObserver(nullptr);
-        StorageTest::TearDown();
+        DeliveredDbTest::TearDown();
     }
 
-    static std::unique_ptr<dao::Database> Open() {
-        return dao::DBEngine::OpenDatabase(storage::DbFileName(), false, false, storage::kDbConnect);
+    static Strings UserRows() {
+        return Rows("SELECT * FROM user",
+                    {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
     }
 
-    // The rows of the table user as "userid|name|player1|player2|player3|skilllevel|numgames|winnings",
-    // a Null as "-".
-    static std::vector<std::string> UserRows() {
-        auto rs = Open()->OpenRecordset("SELECT * FROM user", dao::dbOpenSnapshot);
-        std::vector<std::string> rows;
-        for (; !rs->Eof(); rs->MoveNext()) {
-            std::string row;
-            for (const char* field :
-                 {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"}) {
-                const dao::Variant value = rs->Fields(field).Value();
-                row += (row.empty() ? "" : "|") + (value.IsNull() ? std::string("-") : value.ToString());
-            }
-            rows.push_back(row);
-        }
-        return rows;
-    }
-
-    static std::vector<std::string> Shown(const std::array<QLabel*, 4>& labels) {
-        std::vector<std::string> texts;
+    static Strings Shown(const std::array<QLabel*, 4>& labels) {
+        Strings texts;
         for (const QLabel* label : labels) texts.push_back(label->text().toStdString());
         return texts;
     }
@@ -88,47 +70,40 @@ protected:
     }
 
     FakeMainForm mainForm_;
-    std::vector<std::string> sounds_;
+    Strings sounds_;
 };
 
-}  // namespace
-
-TEST_F(FGameOverTest, RanksThePlayersThroughTheTableAndShowsTheRows) {
-    mainForm_.money = {"180", "-20", "250", "95"};
-    FGameOver form;
-    EXPECT_EQ(form.windowTitle(), "Lantern! Dovrin - Game Over");
-    EXPECT_EQ(Shown(form.lblPlayer), (std::vector<std::string>{"Ned", "Lu", "Ann", "Mo"}));
-    EXPECT_EQ(Shown(form.lblAmt), (std::vector<std::string>{"250", "180", "95", "-20"}));
-    EXPECT_TRUE(responder_.Events().empty());
-}
-
-TEST_F(FGameOverTest, TheUsersRecordIsAddedByNameThenEditedInPlace) {
+TEST_F(FGameOverTest, TheUsersRecordIsAddedByNameThenEditedInPlaceAndThePlayersRankedThroughTheTable) {
     Open()->Execute("INSERT INTO user (userid, name, numgames, winnings) VALUES (8, 'Bo', 9, 900)");
-    mainForm_.money = {"180", "95", "250", "150"};
-    { FGameOver form; }
+    mainForm_.money = {"180", "-20", "250", "150"};
+    {
+        FGameOver form;
+        EXPECT_EQ(form.windowTitle(), "Lantern! Dovrin - Game Over");
+        EXPECT_EQ(Shown(form.lblPlayer), (Strings{"Ned", "Lu", "Ann", "Mo"}));
+        EXPECT_EQ(Shown(form.lblAmt), (Strings{"250", "180", "150", "-20"}));
+    }
     EXPECT_EQ(giNumGames, 1);
     EXPECT_EQ(glWinnings, -50);
-    EXPECT_EQ(UserRows(), (std::vector<std::string>{"8|Bo|-|-|-|-|9|900", "0|Ann|Lu|Mo|Ned|Medium|1|-50"}));
+    EXPECT_EQ(UserRows(), (Strings{"8|Bo|-|-|-|-|9|900", "0|Ann|Lu|Mo|Ned|Medium|1|-50"}));
 
     gsUserName = "  Ann ";
     gsOpponent1 = "Zed";
     mainForm_.money = {"180", "95", "250", "275"};
     { FGameOver form; }
-    EXPECT_EQ(UserRows(), (std::vector<std::string>{"8|Bo|-|-|-|-|9|900", "0|Ann|Zed|Mo|Ned|Medium|2|25"}));
+    EXPECT_EQ(UserRows(), (Strings{"8|Bo|-|-|-|-|9|900", "0|Ann|Zed|Mo|Ned|Medium|2|25"}));
+    EXPECT_EQ(Rows("SELECT * FROM player", {"name"}).size(), 4u);  // emptied before each use
+    EXPECT_TRUE(responder_.Events().empty());
 }
 
 TEST_F(FGameOverTest, AQuoteInTheNameBreaksOnlyTheSaveOfTheRecord) {
     Open()->Execute("INSERT INTO user (userid, name, numgames) VALUES (4, 'O', 3)");
     gsUserName = "O'Brien";
     FGameOver form;
-    const auto boxes = responder_.Boxes();
-    ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].title, "SaveUserData");
-    EXPECT_EQ(boxes[0].style, platform::kExclamation);
-    EXPECT_EQ(boxes[0].text, "Syntax error (missing operator) in query expression 'name='O'Brien''.");
-    EXPECT_EQ(UserRows(), (std::vector<std::string>{"4|O|-|-|-|-|3|0"}));
+    EXPECT_EQ(Boxes(), (std::vector<Box>{{"SaveUserData", platform::kExclamation,
+                                          "Syntax error (missing operator) in query expression 'name='O'Brien''."}}));
+    EXPECT_EQ(UserRows(), Strings{"4|O|-|-|-|-|3|0"});
     EXPECT_FALSE(gbDbFailed);
-    EXPECT_EQ(Shown(form.lblPlayer), (std::vector<std::string>{"O'Brien", "Ned", "Lu", "Mo"}));
+    EXPECT_EQ(Shown(form.lblPlayer), (Strings{"O'Brien", "Ned", "Lu", "Mo"}));
 }
 
 TEST_F(FGameOverTest, EachButtonAnswersThroughTheTagAndTheFrameMeansNo) {
@@ -152,52 +127,45 @@ TEST_F(FGameOverTest, EachButtonAnswersThroughTheTagAndTheFrameMeansNo) {
     }
 }
 
-TEST_F(FGameOverTest, TheTimerTellsWhetherTheUserStandsFirstOnce) {
+TEST_F(FGameOverTest, TheTimerTellsOnceWhetherTheUserStandsFirstUnlessAnAnswerCameFirst) {
     struct Case {
         std::array<std::string, 4> money;
         std::string opponent3;
+        bool answerAtOnce;
         bool userWon;
-        const char* sound;
+        Strings sounds;
     };
     const std::vector<Case> cases = {
-        {{"180", "95", "250", "275"}, "Ned", true, "USERWON"},
-        {{"180", "95", "250", "205"}, "Ned", false, "OTHWON"},
+        {{"180", "95", "250", "275"}, "Ned", false, true, {"USERWON"}},
+        {{"180", "95", "250", "205"}, "Ned", false, false, {"OTHWON"}},
         // An opponent who bears the user's name counts as the user.
-        {{"180", "95", "250", "205"}, "Ann", true, "USERWON"},
+        {{"180", "95", "250", "205"}, "Ann", false, true, {"USERWON"}},
+        // An answer before the first tick leaves the last game's win.
+        {{"180", "95", "250", "275"}, "Ned", true, false, {}},
+        {{"180", "95", "250", "205"}, "Ned", true, true, {}},
     };
     for (const Case& c : cases) {
         mainForm_.money = c.money;
         gsOpponent3 = c.opponent3;
-        gbUserWon = !c.userWon;
-        sounds_.clear();
-        FGameOver form;
-        WaitFor(std::chrono::milliseconds(1100));
-        EXPECT_EQ(gbUserWon, c.userWon);
-        EXPECT_EQ(sounds_, std::vector<std::string>{c.sound});
-    }
-}
-
-TEST_F(FGameOverTest, AnAnswerBeforeTheFirstTickLeavesTheLastGamesWin) {
-    for (const bool lastGameWon : {true, false}) {
-        gbUserWon = lastGameWon;
+        gbUserWon = c.answerAtOnce ? c.userWon : !c.userWon;
         sounds_.clear();
         FGameOver form;
         form.show();
-        form.cmdYesNo[0]->click();
-        WaitFor(std::chrono::milliseconds(700));
-        EXPECT_TRUE(sounds_.empty());
-        EXPECT_EQ(gbUserWon, lastGameWon);
+        if (c.answerAtOnce) form.cmdYesNo[0]->click();
+        WaitFor(std::chrono::milliseconds(1100));
+        EXPECT_EQ(gbUserWon, c.userWon) << c.money[3] << " " << c.opponent3;
+        EXPECT_EQ(sounds_, c.sounds) << c.money[3] << " " << c.opponent3;
     }
 }
 
 TEST_F(FGameOverTest, AFailedOpenLeavesTheRowsEmptyAndTheFormUnloadsWhenItActivates) {
     TempDir vanished;
-    gsDbPath = vanished.Path() + "/gone";
+    gsDbPath = vanished.File("gone");
     FGameOver form;
     EXPECT_TRUE(gbDbFailed);
     EXPECT_TRUE(gbDbSwitched);  // the default database is there: the switch is silent
     EXPECT_TRUE(responder_.Events().empty());
-    EXPECT_EQ(Shown(form.lblPlayer), (std::vector<std::string>{"", "", "", ""}));
+    EXPECT_EQ(Shown(form.lblPlayer), (Strings{"", "", "", ""}));
 
     bool closedByItself = true;
     QTimer::singleShot(3000, &form, [&] {
@@ -208,3 +176,5 @@ TEST_F(FGameOverTest, AFailedOpenLeavesTheRowsEmptyAndTheFormUnloadsWhenItActiva
     EXPECT_TRUE(closedByItself);
     EXPECT_EQ(mainForm_.tag, "NO");
 }
+
+}  // namespace

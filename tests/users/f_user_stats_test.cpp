@@ -11,6 +11,8 @@ using namespace modGlobal;
 
 namespace {
 
+using Totals = std::array<QString, 3>;
+
 class FUserStatsTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -19,21 +21,12 @@ protected:
     }
     void TearDown() override { ResetGlobals(); }
 
-    static std::array<QString, 3> Stats(const FUserStats& form) {
+    static Totals Stats(const FUserStats& form) {
         return {form.lblStats[0]->text(), form.lblStats[1]->text(), form.lblStats[2]->text()};
     }
 
     platform::ScriptedResponder responder_;
 };
-
-using Totals = std::array<QString, 3>;
-
-TEST_F(FUserStatsTest, TheCaptionNamesTheUserAndTheDesignsTextsFit) {
-    FUserStats form;
-    EXPECT_EQ(form.windowTitle(), "Ann's Statistics...");
-    EXPECT_EQ(form.lblUserStats[5]->text(), "&& Total Games Played to ZERO and start over.");
-    for (const QLabel* label : form.lblUserStats) EXPECT_LE(label->sizeHint().width(), label->width());
-}
 
 TEST_F(FUserStatsTest, TheAverageIsCutTowardsZero) {
     struct Case {
@@ -55,6 +48,9 @@ TEST_F(FUserStatsTest, ResetAsksAndZeroesTheTotalsInMemory) {
     glWinnings = -15;
     giNumGames = 2;
     FUserStats form;
+    EXPECT_EQ(form.windowTitle(), "Ann's Statistics...");
+    EXPECT_EQ(form.lblUserStats[5]->text(), "&& Total Games Played to ZERO and start over.");
+    for (const QLabel* label : form.lblUserStats) EXPECT_LE(label->sizeHint().width(), label->width());
     form.show();
     responder_.Answer(platform::kAnswerNo);
     form.cmdUserStats[0]->click();

@@ -12,17 +12,17 @@
 #include <QWidget>
 
 #include <array>
-#include <cstdint>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "shell/main_form_link.h"
 #include "sound/mod_sound_lib.h"
-#include "storage/data_procedure.h"
 #include "storage/storage_fixture.h"
 #include "users/f_help.h"
 #include "users/help_image.h"
+
+using platform::kExclamation;
+using Strings = std::vector<std::string>;
 
 class RecordingMainForm : public MainFormLink {
 public:
@@ -38,65 +38,45 @@ public:
     std::string winningsCaption;
 };
 
-struct UserRow {
-    std::int32_t userid;
-    std::string name, player1, player2, player3, skilllevel;
-    std::int16_t numgames;
-    std::int32_t winnings;
-
-    bool operator==(const UserRow& other) const {
-        return userid == other.userid && name == other.name && player1 == other.player1 &&
-               player2 == other.player2 && player3 == other.player3 && skilllevel == other.skilllevel &&
-               numgames == other.numgames && winnings == other.winnings;
-    }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const UserRow& row) {
-    return out << row.userid << " '" << row.name << "' '" << row.player1 << "' '" << row.player2 << "' '"
-               << row.player3 << "' '" << row.skilllevel << "' " << row.numgames << " " << row.winnings;
-}
-
-class UserFormTest : public StorageTest {
+// A user is written and read as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
+class UserFormTest : public DeliveredDbTest {
 protected:
     void SetUp() override {
-        StorageTest::SetUp();
-        Deliver("Lantern.mdb", app_.Path());
-        modGlobal::gsDbPath = app_.Path();
+        DeliveredDbTest::SetUp();
         modGlobal::goMainForm = &mainForm_;
         modSoundLib::SetKeyObserver([this](const std::string& key, bool) { sounds_.push_back(key); });
     }
     void TearDown() override {
         modSoundLib::SetKeyObserver(nullptr);
-        StorageTest::TearDown();
+        DeliveredDbTest::TearDown();
     }
 
-    static std::unique_ptr<dao::Database> Open() {
-        return dao::DBEngine::OpenDatabase(storage::DbFileName(), false, false, storage::kDbConnect);
-    }
-
-    static void AddUser(const UserRow& row) {
-        Open()->Execute("INSERT INTO user (userid, name, player1, player2, player3, skilllevel, numgames, winnings) "
-                        "VALUES (" + std::to_string(row.userid) + ", '" + row.name + "', '" + row.player1 + "', '" +
-                        row.player2 + "', '" + row.player3 + "', '" + row.skilllevel + "', " +
-                        std::to_string(row.numgames) + ", " + std::to_string(row.winnings) + ")");
-    }
-
-    static std::vector<UserRow> Users() {
-        auto rs = Open()->OpenRecordset("SELECT * FROM user ORDER BY userid", dao::dbOpenSnapshot);
-        std::vector<UserRow> rows;
-        for (; !rs->Eof(); rs->MoveNext()) {
-            auto text = [&rs](const char* field) { return rs->Fields(field).Value().ToString(); };
-            rows.push_back({rs->Fields("userid").Value().ToInt32(), text("name"), text("player1"), text("player2"),
-                            text("player3"), text("skilllevel"), rs->Fields("numgames").Value().ToInt16(),
-                            rs->Fields("winnings").Value().ToInt32()});
+    static void AddUser(const std::string& user) {
+        std::string values;
+        std::size_t start = 0;
+        for (int field = 0; field < 8; ++field) {
+            const std::size_t bar = user.find('|', start);
+            const std::string value = user.substr(start, bar - start);
+            const bool text = field >= 1 && field <= 5;
+            values += (field ? ", " : "") + (text ? "'" + value + "'" : value);
+            start = bar + 1;
         }
-        return rows;
+        Open()->Execute("INSERT INTO user (userid, name, player1, player2, player3, skilllevel, numgames, winnings) "
+                        "VALUES (" + values + ")");
     }
 
-    static std::int32_t NextUserId() {
-        return Open()->OpenRecordset("SELECT nextuserid FROM system", dao::dbOpenSnapshot)
-            ->Fields("nextuserid").Value().ToInt32();
+    static Strings Users() {
+        return Rows("SELECT * FROM user ORDER BY userid",
+                    {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
     }
+
+    static std::string CurrentUser() {
+        using namespace modGlobal;
+        return std::to_string(glUserId) + "|" + gsUserName + "|" + gsOpponent1 + "|" + gsOpponent2 + "|" +
+               gsOpponent3 + "|" + gsSkillLevel + "|" + std::to_string(giNumGames) + "|" + std::to_string(glWinnings);
+    }
+
+    static std::string NextUserId() { return Rows("SELECT nextuserid FROM system", {"nextuserid"}).at(0); }
 
     // The table user vanishes from the file: its selects fail, the file opens.
     static void DropUserTable() {
@@ -107,7 +87,7 @@ protected:
         sqlite3_close(db);
     }
 
-    void RemoveDatabaseFile() { std::filesystem::remove(storage::DbFileName()); }
+    static void RemoveDatabaseFile() { std::filesystem::remove(storage::DbFileName()); }
 
     // Shows the form as the active window and lets its activation run.
     static void ShowActive(QWidget& form) {
@@ -132,5 +112,5 @@ protected:
     }
 
     RecordingMainForm mainForm_;
-    std::vector<std::string> sounds_;
+    Strings sounds_;
 };
