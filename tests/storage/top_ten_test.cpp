@@ -4,7 +4,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 
 #include "platform/do_events.h"
 #include "sound/mod_sound_lib.h"
@@ -234,13 +233,7 @@ TEST_F(FTopTenTest, AFailedLoadShowsNothingAndTheListUnloadsWhenItActivates) {
     FTopTen form;
     EXPECT_TRUE(gbDbFailed);
     EXPECT_EQ(Column(form.lblPlayer), kNoText);
-    bool closedByItself = true;
-    QTimer::singleShot(3000, &form, [&] {
-        closedByItself = false;
-        form.close();
-    });
-    form.exec();
-    EXPECT_TRUE(closedByItself);
+    EXPECT_TRUE(ClosesByItself(form));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -167,13 +166,7 @@ TEST_F(FGameOverTest, AFailedOpenLeavesTheRowsEmptyAndTheFormUnloadsWhenItActiva
     EXPECT_TRUE(responder_.Events().empty());
     EXPECT_EQ(Shown(form.lblPlayer), (Strings{"", "", "", ""}));
 
-    bool closedByItself = true;
-    QTimer::singleShot(3000, &form, [&] {
-        closedByItself = false;
-        form.close();
-    });
-    form.exec();
-    EXPECT_TRUE(closedByItself);
+    EXPECT_TRUE(ClosesByItself(form));
     EXPECT_EQ(mainForm_.tag, "NO");
 }
 
