@@ -42,10 +42,13 @@ def shot(directory, name):
 
 
 def answer_no(game_over, shots, deadline):
-    """Answers "No" and closes the top ten list that a winner sees after it."""
+    """Answers "No", closes the top ten list that a winner sees after it, and
+    waits until the program has closed its window."""
     click_twips(game_over, 1485 + 540, 1980 + 180)  # "&No"
     while time.time() < deadline:
         time.sleep(0.5)
+        if not window("DOVRIN v3"):
+            return 0
         if window("Game Over"):  # the click came before the form was ready
             click_twips(window("Game Over"), 1485 + 540, 1980 + 180)
             continue
@@ -55,8 +58,6 @@ def answer_no(game_over, shots, deadline):
             shot(shots, "top_ten")
             print("the user won: top ten list shown")
             click_twips(top_ten, 1245 + 600, 3855 + 180)  # "&OK"
-            continue
-        return 0
     print("timed out at the end of the game")
     return 1
 
