@@ -2,12 +2,10 @@
 
 #include <QEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/mod_global_forms.h"
@@ -40,12 +38,8 @@ void SetTextColour(QLabel& label, const QColor& colour) {
 }  // namespace
 
 FTopTen::FTopTen(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("top_ten"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("top_ten"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Lantern! Dovrin - Top Ten List"));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     const auto newLabel = [this](int left, int width, int row, const QColor& colour, Qt::Alignment alignment) {
         auto* label = new QLabel(this);
@@ -157,9 +151,4 @@ void FTopTen::cmdTopTen_Click(int index) {
 void FTopTen::tmrTopTen_Timer() {
     ++miTimerTicks;
     if (miTimerTicks == 1 && modGlobal::giTopTenRow == kOpenedFromMenu) modSoundLib::PlayEffect("USERWON");
-}
-
-void FTopTen::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

@@ -5,16 +5,14 @@
 
 #include <array>
 
-#include <QDialog>
-#include <QPixmap>
-
+#include "platform/art_dialog.h"
 #include "platform/platform_timer.h"
 #include "storage/top_ten.h"
 
 class QLabel;
 class QPushButton;
 
-class FTopTen : public QDialog {
+class FTopTen : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FTopTen(QWidget* parent = nullptr);
@@ -34,7 +32,6 @@ protected:
     bool event(QEvent* event) override;
     // Every way the form closes ends here: its unload.
     void done(int result) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void Form_Load();
@@ -46,7 +43,6 @@ private:
     void cmdTopTen_Click(int index);
     void tmrTopTen_Timer();
 
-    QPixmap picture_;  // the form's background
     storage::TopTenRows maTopTen;
     int miTimerTicks = 0;
 };

@@ -2,11 +2,9 @@
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/main_form_link.h"
@@ -31,12 +29,8 @@ const std::array<const char*, 3> kAnswers = {"YES", "NO", "CHANGE"};
 }  // namespace
 
 FGameOver::FGameOver(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("game_over"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("game_over"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Lantern! Dovrin - Game Over"));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     QFont rowFont = font();
     rowFont.setPointSize(9);
@@ -136,9 +130,4 @@ void FGameOver::keyPressEvent(QKeyEvent* event) {
     // Escape doesn't close this form: only its buttons and its frame answer.
     if (event->key() == Qt::Key_Escape) return;
     QDialog::keyPressEvent(event);
-}
-
-void FGameOver::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

@@ -7,15 +7,13 @@
 
 #include <array>
 
-#include <QDialog>
-#include <QPixmap>
-
+#include "platform/art_dialog.h"
 #include "platform/platform_timer.h"
 
 class QLabel;
 class QPushButton;
 
-class FGameOver : public QDialog {
+class FGameOver : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FGameOver(QWidget* parent = nullptr);
@@ -34,7 +32,6 @@ protected:
     // Every way the form closes ends here: its unload.
     void done(int result) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void Form_Load();
@@ -43,6 +40,5 @@ private:
     void cmdYesNo_Click(int index);
     void tmrScore_Timer();
 
-    QPixmap picture_;
     bool mbSoundPlayed = false;
 };

@@ -1,18 +1,15 @@
 #include "table/f_hand_over.h"
 
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/mod_global_forms.h"
 #include "sound/mod_sound_lib.h"
 
 using platform::TwipsRect;
-using platform::TwipsToPixels;
 
 namespace {
 
@@ -40,12 +37,8 @@ void SetTextColour(QLabel& label, const QColor& colour) {
 }  // namespace
 
 FHandOver::FHandOver(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("hand_over"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("hand_over"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Hand Over - Current Standings"));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     QFont bold = font();
     bold.setBold(true);
@@ -131,9 +124,4 @@ void FHandOver::tmrScore_Timer() {
     if (mbSoundPlayed) return;
     modSoundLib::PlayEffect(modGlobal::gsUserName == modGlobal::gsWinnerName ? "USERWON" : "OTHWON");
     mbSoundPlayed = true;
-}
-
-void FHandOver::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

@@ -6,15 +6,13 @@
 #include <cstdint>
 #include <vector>
 
-#include <QDialog>
-#include <QPixmap>
-
+#include "platform/art_dialog.h"
 #include "platform/platform_timer.h"
 
 class QLabel;
 class QPushButton;
 
-class FHandOver : public QDialog {
+class FHandOver : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FHandOver(QWidget* parent = nullptr);
@@ -33,15 +31,11 @@ public:
     QPushButton* cmdOK;
     platform::PlatformTimer tmrScore;
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     std::array<std::vector<QLabel*>*, 4> ScoreColumns();
     QLabel* NewScoreLabel(int column, int top);
     void Form_Load();
     void tmrScore_Timer();
 
-    QPixmap picture_;
     bool mbSoundPlayed = false;
 };

@@ -4,13 +4,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/mod_global_forms.h"
@@ -24,7 +22,6 @@ using platform::kCrLf;
 using platform::MsgBox;
 using platform::Trim;
 using platform::TwipsRect;
-using platform::TwipsToPixels;
 using users::kNewUserId;
 
 namespace {
@@ -39,12 +36,8 @@ constexpr std::array<int, 4> kUserTops = {600, 975, 1320, 1680};
 }  // namespace
 
 FUserEdit::FUserEdit(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("user_edit"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("user_edit"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Add, Edit or Delete a Player Name"));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     for (int i = 0; i < 4; ++i) {
         txtUser[i] = new QLineEdit(this);
@@ -303,9 +296,4 @@ void FUserEdit::DeleteUser() {
     // message and leaves gbDbFailed alone, so the entry still leaves the list.
     if (on.SelectFailed()) return;
     on([&] { db->Execute("DELETE * FROM user where userid = " + std::to_string(mlUserId)); });
-}
-
-void FUserEdit::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

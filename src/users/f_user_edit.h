@@ -7,9 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include <QDialog>
-#include <QPixmap>
-
+#include "platform/art_dialog.h"
 #include "platform/dao.h"
 #include "users/user_entry.h"
 
@@ -18,7 +16,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
-class FUserEdit : public QDialog {
+class FUserEdit : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FUserEdit(QWidget* parent = nullptr);
@@ -30,7 +28,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -54,7 +51,6 @@ private:
     std::int32_t mlSaveId = 0;
     std::string msSaveName, msSaveOpp1, msSaveOpp2, msSaveOpp3;
 
-    QPixmap picture_;
     bool mbActivated = false;
     bool mbMouseDown = false;
     users::ControlFocus focus_;

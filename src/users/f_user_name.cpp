@@ -3,12 +3,10 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/main_form_link.h"
@@ -25,7 +23,6 @@ using platform::kCrLf;
 using platform::MsgBox;
 using platform::Trim;
 using platform::TwipsRect;
-using platform::TwipsToPixels;
 using users::kNewUserId;
 
 namespace {
@@ -40,12 +37,8 @@ constexpr std::array<int, 4> kPlayerTops = {0, 500, 850, 1200};
 }  // namespace
 
 FUserName::FUserName(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("user_name"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("user_name"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Lantern! Dovrin"));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     cboUser = new QComboBox(this);
     cboUser->setGeometry(TwipsRect(kEntryLeft, 150, kEntryWidth, kEntryHeight));
@@ -295,9 +288,4 @@ void FUserName::UpdateDatabase() {
     }
     on([&] { rs->Fields("name") = gsUserName; });
     storage::WriteCurrentUserTotals(on, *rs);
-}
-
-void FUserName::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

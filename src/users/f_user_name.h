@@ -9,9 +9,7 @@
 #include <string>
 #include <vector>
 
-#include <QDialog>
-#include <QPixmap>
-
+#include "platform/art_dialog.h"
 #include "users/user_entry.h"
 
 class HelpImage;
@@ -19,7 +17,7 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 
-class FUserName : public QDialog {
+class FUserName : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FUserName(QWidget* parent = nullptr);
@@ -32,7 +30,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void done(int result) override;
@@ -74,7 +71,6 @@ private:
     std::int16_t miEdGames = 0;
     std::int32_t mlEdWins = 0;
 
-    QPixmap picture_;
     bool mbActivated = false;
     users::ControlFocus focus_;
 };

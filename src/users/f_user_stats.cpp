@@ -1,19 +1,16 @@
 #include "users/f_user_stats.h"
 
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
 #include "platform/msgbox.h"
-#include "platform/pictures.h"
 #include "platform/runtime.h"
 #include "platform/twips.h"
 #include "shell/mod_global_forms.h"
 
 using namespace modGlobal;
 using platform::TwipsRect;
-using platform::TwipsToPixels;
 
 namespace {
 
@@ -40,12 +37,8 @@ constexpr std::array<int, 3> kStatsTops = {600, 840, 1080};
 }  // namespace
 
 FUserStats::FUserStats(QWidget* parent)
-    : QDialog(parent),
-      picture_(platform::LoadArtPicture(QStringLiteral("user_stats"),
-                                        QSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight)))) {
+    : platform::ArtDialog(parent, QStringLiteral("user_stats"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("User's Statitics..."));
-    platform::UseDesignFont(*this);
-    setFixedSize(TwipsToPixels(kFormWidth), TwipsToPixels(kFormHeight));
 
     cmdUserStats[0] = new QPushButton(QStringLiteral("&Reset"), this);
     cmdUserStats[0]->setGeometry(TwipsRect(960, 2205, 1335, 375));
@@ -102,10 +95,4 @@ void FUserStats::cmdUserStats_Click(int index) {
     glWinnings = 0;
     giNumGames = 0;
     ShowTotals();
-}
-
-
-void FUserStats::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, picture_);
 }

@@ -4,13 +4,12 @@
 
 #include <array>
 
-#include <QDialog>
-#include <QPixmap>
+#include "platform/art_dialog.h"
 
 class QLabel;
 class QPushButton;
 
-class FUserStats : public QDialog {
+class FUserStats : public platform::ArtDialog {
     Q_OBJECT
 public:
     explicit FUserStats(QWidget* parent = nullptr);
@@ -19,13 +18,8 @@ public:
     std::array<QLabel*, 3> lblStats;
     std::array<QPushButton*, 2> cmdUserStats;
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     void Form_Load();
     void ShowTotals();
     void cmdUserStats_Click(int index);
-
-    QPixmap picture_;
 };

@@ -1,0 +1,23 @@
+#include "platform/art_dialog.h"
+
+#include <QPainter>
+
+#include "platform/pictures.h"
+#include "platform/twips.h"
+
+namespace platform {
+
+ArtDialog::ArtDialog(QWidget* parent, const QString& pictureName, int widthTwips, int heightTwips)
+    : QDialog(parent) {
+    const QSize size(TwipsToPixels(widthTwips), TwipsToPixels(heightTwips));
+    picture_ = LoadArtPicture(pictureName, size);
+    UseDesignFont(*this);
+    setFixedSize(size);
+}
+
+void ArtDialog::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture_);
+}
+
+}  // namespace platform
