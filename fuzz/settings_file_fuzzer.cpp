@@ -6,8 +6,8 @@
 #include <string>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "platform/runtime_temp_dir.h"
 #include "storage/settings_file.h"
 

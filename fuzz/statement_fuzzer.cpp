@@ -7,7 +7,7 @@
 #include <string>
 
 #include "game_schema.h"
-#include "platform/dao.h"
+#include "platform/runtime/dao.h"
 #include "platform/runtime_temp_dir.h"
 
 namespace {

@@ -13,11 +13,11 @@
 #include <QWidget>
 
 #include "engine/cards.h"
-#include "platform/card_library.h"
-#include "platform/counting_wait.h"
-#include "platform/form_surface.h"
-#include "platform/pictures.h"
-#include "platform/twips.h"
+#include "platform/display/card_library.h"
+#include "platform/display/counting_wait.h"
+#include "platform/display/form_surface.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/runtime.h"
-#include "table/f_dovrin.h"
+#include "platform/runtime/runtime.h"
+#include "shell/f_dovrin.h"
 #include "users/f_user_name.h"
 
 namespace {

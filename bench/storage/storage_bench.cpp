@@ -13,7 +13,7 @@
 
 #include "engine/mod_global.h"
 #include "game_schema.h"
-#include "platform/msgbox.h"
+#include "platform/runtime/msgbox.h"
 #include "platform/runtime_temp_dir.h"
 #include "storage/data_procedure.h"
 #include "storage/mod_global_db.h"

@@ -44,9 +44,6 @@ std::string gsHelpFor;
 std::string gsTitle;
 std::string gsWordPadPath;
 
-CMidiFile* goMidi = nullptr;
-MainFormLink* goMainForm = nullptr;
-
 std::int32_t glRandomSeed = 0;
 
 void ResetGlobals() {
@@ -77,8 +74,6 @@ void ResetGlobals() {
     gsHelpFor.clear();
     gsTitle.clear();
     gsWordPadPath.clear();
-    goMidi = nullptr;
-    goMainForm = nullptr;
     glRandomSeed = 0;
 }
 

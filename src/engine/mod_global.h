@@ -1,7 +1,8 @@
 // modGlobal: the globals the whole program shares, and the small procedures
 // of the engine that live beside them. No Qt here: the engine, the storage
 // and the forms all include this header. Procedures of modGlobal that need
-// the desktop (CenterForm, SetMenusEnabled, ...) live in src/shell.
+// the desktop live with the layer that has it (CenterForm in the platform's
+// display, SetMenusEnabled and the main form's link with the table's forms).
 #pragma once
 
 #include <array>
@@ -10,9 +11,6 @@
 #include <vector>
 
 #include "engine/cards.h"
-
-class CMidiFile;
-class MainFormLink;
 
 namespace modGlobal {
 
@@ -66,10 +64,6 @@ extern std::string gsNoticeCard;
 extern std::string gsHelpFor;
 extern std::string gsTitle;
 extern std::string gsWordPadPath;  // set at start-up and read by nothing
-
-// --- the one music device, and the main form as the dialogs see it --------
-extern CMidiFile* goMidi;
-extern MainFormLink* goMainForm;  // null until the main form is loaded
 
 // --- the program's random numbers -------------------------------------------
 extern std::int32_t glRandomSeed;

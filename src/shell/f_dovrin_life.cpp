@@ -8,15 +8,16 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/card_library.h"
-#include "platform/msgbox.h"
-#include "platform/pictures.h"
-#include "platform/runtime.h"
-#include "shell/mod_global_forms.h"
+#include "platform/display/card_library.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/display/pictures.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/center_form.h"
+#include "table/main_form_link.h"
 #include "storage/database_check.h"
-#include "storage/f_top_ten.h"
+#include "table/f_top_ten.h"
 #include "storage/mod_global_db.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 #include "table/f_game_over.h"
 #include "users/f_user_name.h"
 

@@ -4,11 +4,11 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "sound/mod_sound_lib.h"
 #include "table/f_animate.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 #include "users/f_user_edit.h"
 #include "users/f_user_stats.h"
 

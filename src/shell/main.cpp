@@ -1,16 +1,16 @@
 // The program's entry: measures the screen, reads the copy-link option, and
 // shows the main form, whose events then carry the run.
-#include <QApplication>
 #include <QScreen>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/display/program_application.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "storage/settings_file.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
+    platform::ProgramApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
     QApplication::setDesktopFileName(QStringLiteral("lantern-dovrin"));
     try {

@@ -1,7 +1,7 @@
 #include "storage/data_procedure.h"
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
+#include "platform/runtime/msgbox.h"
 #include "storage/mod_global_db.h"
 
 namespace storage {

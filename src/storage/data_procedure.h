@@ -18,8 +18,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/dao.h"
-#include "platform/runtime.h"
+#include "platform/runtime/dao.h"
+#include "platform/runtime/runtime.h"
 
 namespace storage {
 

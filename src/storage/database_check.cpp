@@ -1,8 +1,8 @@
 #include "storage/database_check.h"
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "storage/data_procedure.h"
 
 using namespace platform;

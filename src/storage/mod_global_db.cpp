@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "storage/data_procedure.h"
 
 using namespace platform;

@@ -1,8 +1,8 @@
 #include "storage/settings_file.h"
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 
 using namespace platform;
 

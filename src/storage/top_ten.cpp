@@ -1,7 +1,7 @@
 #include "storage/top_ten.h"
 
 #include "engine/mod_global.h"
-#include "platform/runtime.h"
+#include "platform/runtime/runtime.h"
 #include "storage/data_procedure.h"
 
 namespace storage {

@@ -1,7 +1,7 @@
 // The fields of a user's row that the current user's globals fill.
 #pragma once
 
-#include "platform/dao.h"
+#include "platform/runtime/dao.h"
 #include "storage/data_procedure.h"
 
 namespace storage {

@@ -5,9 +5,9 @@
 #include <QScrollBar>
 
 #include "engine/mod_global.h"
-#include "platform/runtime.h"
-#include "platform/twips.h"
-#include "shell/mod_global_forms.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/twips.h"
+#include "platform/display/center_form.h"
 
 using platform::TwipsRect;
 using platform::TwipsToPixels;

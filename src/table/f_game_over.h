@@ -7,8 +7,8 @@
 
 #include <array>
 
-#include "platform/art_dialog.h"
-#include "platform/platform_timer.h"
+#include "platform/display/art_dialog.h"
+#include "platform/display/platform_timer.h"
 
 class QLabel;
 class QPushButton;

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/art_dialog.h"
-#include "platform/platform_timer.h"
+#include "platform/display/art_dialog.h"
+#include "platform/display/platform_timer.h"
 
 class QLabel;
 class QPushButton;

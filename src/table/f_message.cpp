@@ -4,9 +4,9 @@
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/pictures.h"
-#include "platform/twips.h"
-#include "shell/mod_global_forms.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
+#include "platform/display/center_form.h"
 
 using platform::TwipsRect;
 using platform::TwipsToPixels;

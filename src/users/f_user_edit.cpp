@@ -8,10 +8,10 @@
 #include <QSignalBlocker>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
-#include "platform/twips.h"
-#include "shell/mod_global_forms.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/twips.h"
+#include "platform/display/center_form.h"
 #include "storage/data_procedure.h"
 #include "storage/mod_global_db.h"
 #include "users/help_image.h"

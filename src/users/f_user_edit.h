@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/art_dialog.h"
-#include "platform/dao.h"
+#include "platform/display/art_dialog.h"
+#include "platform/runtime/dao.h"
 #include "users/user_entry.h"
 
 class HelpImage;

@@ -6,11 +6,11 @@
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
-#include "platform/twips.h"
-#include "shell/main_form_link.h"
-#include "shell/mod_global_forms.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/twips.h"
+#include "table/main_form_link.h"
+#include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
 #include "storage/user_record.h"

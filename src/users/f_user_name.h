@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/art_dialog.h"
+#include "platform/display/art_dialog.h"
 #include "users/user_entry.h"
 
 class HelpImage;

@@ -4,10 +4,10 @@
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
-#include "platform/twips.h"
-#include "shell/mod_global_forms.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/twips.h"
+#include "platform/display/center_form.h"
 
 using namespace modGlobal;
 using platform::TwipsRect;

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "platform/art_dialog.h"
+#include "platform/display/art_dialog.h"
 
 class QLabel;
 class QPushButton;

@@ -3,7 +3,7 @@
 #include <QMouseEvent>
 
 #include "engine/mod_global.h"
-#include "platform/pictures.h"
+#include "platform/display/pictures.h"
 #include "sound/mod_sound_lib.h"
 #include "users/f_help.h"
 

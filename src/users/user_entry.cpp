@@ -8,9 +8,9 @@
 #include <QListWidget>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
-#include "shell/main_form_link.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
+#include "table/main_form_link.h"
 
 using platform::kCrLf;
 

@@ -10,11 +10,11 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "platform/card_library.h"
-#include "platform/msgbox.h"
-#include "platform/twips.h"
+#include "platform/display/card_library.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/display/twips.h"
 #include "sound/mod_sound_lib.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 
 using platform::TwipsRect;
 

@@ -15,13 +15,13 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/card_library.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/display/card_library.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
-#include "shell/mod_global_forms.h"
+#include "table/main_form_link.h"
 #include "storage/mod_global_db.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 #include "users/f_user_name.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/runtime.h"
+#include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
 
 inline constexpr char kTestConnect[] = ";pwd=secret";

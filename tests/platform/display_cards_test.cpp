@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/card_library.h"
-#include "platform/form_surface.h"
+#include "platform/display/card_library.h"
+#include "platform/display/form_surface.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/form_surface.h"
+#include "platform/display/form_surface.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/counting_wait.h"
-#include "platform/do_events.h"
-#include "platform/platform_timer.h"
+#include "platform/display/counting_wait.h"
+#include "platform/display/do_events.h"
+#include "platform/display/platform_timer.h"
 
 using namespace std::chrono_literals;
 using platform::DoEvents;

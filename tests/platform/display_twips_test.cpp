@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/twips.h"
+#include "platform/display/twips.h"
 
 using platform::PixelsToTwips;
 using platform::TwipsRect;

@@ -1,4 +1,4 @@
-#include "platform/msgbox.h"
+#include "platform/runtime/msgbox.h"
 
 #include <gtest/gtest.h>
 

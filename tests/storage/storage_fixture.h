@@ -11,28 +11,13 @@
 #include <string>
 #include <vector>
 
-#include <QDialog>
-#include <QTimer>
-
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
 #include "platform/runtime_temp_dir.h"
 #include "storage/data_procedure.h"
 #include "storage/mod_global_db.h"
 #include "storage/top_ten.h"
-
-// Shows a form that is to unload itself when it activates; true when it did
-// so before a guard of three seconds closed it.
-inline bool ClosesByItself(QDialog& form) {
-    bool closedByItself = true;
-    QTimer::singleShot(3000, &form, [&] {
-        closedByItself = false;
-        form.close();
-    });
-    form.exec();
-    return closedByItself;
-}
 
 // A message box as the user saw it.
 struct Box {

@@ -5,10 +5,11 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "platform/do_events.h"
+#include "platform/display/do_events.h"
 #include "sound/mod_sound_lib.h"
-#include "storage/f_top_ten.h"
-#include "storage_fixture.h"
+#include "table/f_top_ten.h"
+#include "storage/storage_fixture.h"
+#include "support/closes_by_itself.h"
 
 using namespace modGlobal;
 using platform::DateValue;

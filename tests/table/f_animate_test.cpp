@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/mod_global.h"
-#include "platform/runtime.h"
+#include "platform/runtime/runtime.h"
 #include "table/f_animate.h"
 
 namespace {

@@ -9,10 +9,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/do_events.h"
-#include "shell/main_form_link.h"
+#include "platform/display/do_events.h"
+#include "table/main_form_link.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/storage_fixture.h"
+#include "support/closes_by_itself.h"
 #include "table/f_game_over.h"
 
 using namespace modGlobal;

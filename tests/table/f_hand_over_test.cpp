@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/mod_global.h"
-#include "platform/do_events.h"
+#include "platform/display/do_events.h"
 #include "sound/mod_sound_lib.h"
 #include "table/f_hand_over.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/mod_global.h"
-#include "platform/twips.h"
+#include "platform/display/twips.h"
 #include "table/f_message.h"
 
 namespace {

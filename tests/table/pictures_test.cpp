@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/pictures.h"
+#include "platform/display/pictures.h"
 
 using platform::LoadArtPicture;
 using platform::LoadResPicture;

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "engine/mod_global.h"
-#include "platform/pictures.h"
-#include "platform/twips.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
 #include "sound/mod_sound_lib.h"
 #include "users/f_help.h"
 

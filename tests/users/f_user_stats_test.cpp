@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
+#include "platform/runtime/msgbox.h"
 #include "users/f_user_stats.h"
 
 using namespace modGlobal;

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/main_form_link.h"
+#include "table/main_form_link.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/storage_fixture.h"
 #include "users/f_help.h"

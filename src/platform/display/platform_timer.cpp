@@ -1,4 +1,4 @@
-#include "platform/platform_timer.h"
+#include "platform/display/platform_timer.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/twips.h"
+#include "platform/display/twips.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "platform/counting_wait.h"
+#include "platform/display/counting_wait.h"
 
 #include <chrono>
 

@@ -1,14 +1,14 @@
-#include "storage/f_top_ten.h"
+#include "table/f_top_ten.h"
 
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
 #include "engine/mod_global.h"
-#include "platform/msgbox.h"
-#include "platform/runtime.h"
-#include "platform/twips.h"
-#include "shell/mod_global_forms.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/runtime/runtime.h"
+#include "platform/display/twips.h"
+#include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
 

@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "platform/art_dialog.h"
-#include "platform/platform_timer.h"
+#include "platform/display/art_dialog.h"
+#include "platform/display/platform_timer.h"
 #include "storage/top_ten.h"
 
 class QLabel;

@@ -1,4 +1,4 @@
-#include "platform/card_library.h"
+#include "platform/display/card_library.h"
 
 #include <array>
 
@@ -6,8 +6,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include "platform/form_surface.h"
-#include "platform/pictures.h"
+#include "platform/display/form_surface.h"
+#include "platform/display/pictures.h"
 
 namespace platform {
 
@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kCardWidth = 71;
 constexpr int kCardHeight = 96;
-constexpr char kStandardDeck[] = "/usr/share/carddecks/svg-standard/standard.svgz";
+// The build names the deck (the cache variable DOVRIN_CARD_DECK).
+constexpr char kStandardDeck[] = DOVRIN_CARD_DECK;
 
 // The library's own state, as a loaded library keeps it.
 struct CardCache {

@@ -7,13 +7,13 @@
 #include <QLabel>
 #include <QScreen>
 
-#include "platform/card_library.h"
-#include "platform/counting_wait.h"
-#include "platform/do_events.h"
-#include "platform/pictures.h"
-#include "platform/twips.h"
+#include "platform/display/card_library.h"
+#include "platform/display/counting_wait.h"
+#include "platform/display/do_events.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
 #include "sound/mod_sound_lib.h"
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 #include "table/f_hand_over.h"
 #include "table/f_message.h"
 

@@ -1,9 +1,9 @@
-#include "platform/form_surface.h"
+#include "platform/display/form_surface.h"
 
 #include <QPainter>
 #include <QWidget>
 
-#include "platform/pictures.h"
+#include "platform/display/pictures.h"
 
 namespace platform {
 

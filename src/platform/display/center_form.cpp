@@ -1,12 +1,10 @@
-#include "shell/mod_global_forms.h"
+#include "platform/display/center_form.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 
-#include "engine/mod_global.h"
-#include "platform/twips.h"
-#include "shell/main_form_link.h"
+#include "platform/display/twips.h"
 
 namespace modGlobal {
 
@@ -18,10 +16,6 @@ void CenterForm(QWidget& form) {
     const int leftTwips = (PixelsToTwips(screen.width()) - PixelsToTwips(outer.width())) / 2;
     const int topTwips = (PixelsToTwips(screen.height()) - PixelsToTwips(outer.height())) / 2;
     form.move(screen.x() + TwipsToPixels(leftTwips), screen.y() + TwipsToPixels(topTwips));
-}
-
-void SetMenusEnabled(bool enabled) {
-    if (goMainForm) goMainForm->SetTopMenusEnabled(enabled);
 }
 
 }  // namespace modGlobal

@@ -7,11 +7,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "platform/msgbox.h"
-#include "platform/twips.h"
+#include "platform/runtime/msgbox.h"
+#include "platform/display/twips.h"
 #include "sound/mod_sound_lib.h"
-#include "table/f_dovrin.h"
-#include "table/table_canvas.h"
+#include "shell/f_dovrin.h"
+#include "shell/table_canvas.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // FDovrin: the controls of the table and their places, in twips.
-#include "table/f_dovrin.h"
+#include "shell/f_dovrin.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -8,9 +8,9 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "platform/pictures.h"
-#include "platform/twips.h"
-#include "table/table_canvas.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
+#include "shell/table_canvas.h"
 
 using platform::TwipsRect;
 

@@ -16,9 +16,9 @@
 #include <QPointer>
 
 #include "engine/game_state.h"
-#include "platform/form_surface.h"
-#include "platform/platform_timer.h"
-#include "shell/main_form_link.h"
+#include "platform/display/form_surface.h"
+#include "platform/display/platform_timer.h"
+#include "table/main_form_link.h"
 #include "storage/settings_file.h"
 #include "storage/top_ten.h"
 

@@ -1,4 +1,4 @@
-#include "platform/pictures.h"
+#include "platform/display/pictures.h"
 
 #include <QGuiApplication>
 #include <QPainter>

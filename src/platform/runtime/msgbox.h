@@ -1,6 +1,8 @@
 // The one way the program shows a message box, sounds the beep, and ends at
-// once. Tests install a ScriptedResponder that records all three and answers
-// the boxes from a script.
+// once. The desktop that shows the boxes is installed from above (the display
+// half of the platform); without one, a box goes to standard error and is
+// answered with its first button. Tests install a ScriptedResponder that
+// records all three and answers the boxes from a script.
 #pragma once
 
 #include <deque>
@@ -13,6 +15,7 @@ namespace platform {
 enum MsgBoxStyle : int {
     kOKOnly = 0,
     kYesNo = 4,
+    kCritical = 16,
     kQuestion = 32,
     kExclamation = 48,
     kInformation = 64,
@@ -33,6 +36,16 @@ void Beep();
 
 // Ends the program at once: no unload step runs, nothing is saved.
 [[noreturn]] void EndProgramNow();
+
+// Where the boxes are shown and the beep is heard.
+class MessageDesk {
+public:
+    virtual ~MessageDesk() = default;
+    virtual int ShowBox(const std::string& text, int style, const std::string& title) = 0;
+    virtual void Beep() = 0;
+};
+// Installs the desk, or with nullptr goes back to standard error.
+void SetMessageDesk(MessageDesk* desk);
 
 // What EndProgramNow throws while a ScriptedResponder is installed.
 struct ProgramEnded {};

@@ -1,9 +1,9 @@
-#include "platform/art_dialog.h"
+#include "platform/display/art_dialog.h"
 
 #include <QPainter>
 
-#include "platform/pictures.h"
-#include "platform/twips.h"
+#include "platform/display/pictures.h"
+#include "platform/display/twips.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/runtime.h"
+#include "platform/runtime/runtime.h"
 
 #include <cerrno>
 #include <climits>

@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/runtime.h"
+#include "platform/runtime/runtime.h"
 
 namespace dao {
 

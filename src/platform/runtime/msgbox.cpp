@@ -1,8 +1,5 @@
-#include "platform/msgbox.h"
+#include "platform/runtime/msgbox.h"
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -12,42 +9,20 @@ namespace platform {
 namespace {
 
 ScriptedResponder* gResponder = nullptr;
+MessageDesk* gDesk = nullptr;
 
 constexpr int kButtonsMask = 0x0F;
-constexpr int kIconMask = 0x70;
-
-QMessageBox::Icon IconOf(int style) {
-    switch (style & kIconMask) {
-        case kQuestion: return QMessageBox::Question;
-        case kExclamation: return QMessageBox::Warning;
-        case kInformation: return QMessageBox::Information;
-        default: return QMessageBox::NoIcon;
-    }
-}
-
-QString TextOf(const std::string& text) {
-    return QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
-int ShowQMessageBox(const std::string& text, int style, const std::string& title) {
-    QMessageBox box(IconOf(style), QString::fromStdString(title), TextOf(text), QMessageBox::NoButton,
-                    QApplication::activeWindow());
-    if ((style & kButtonsMask) == kYesNo) {
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
-    } else {
-        box.setStandardButtons(QMessageBox::Ok);
-    }
-    const int clicked = box.exec();
-    if (clicked == QMessageBox::Yes) return kAnswerYes;
-    if (clicked == QMessageBox::No) return kAnswerNo;
-    return kAnswerOK;
-}
 
 }  // namespace
 
+void SetMessageDesk(MessageDesk* desk) { gDesk = desk; }
+
 int MsgBox(const std::string& text, int style, const std::string& title) {
-    if (!gResponder) return ShowQMessageBox(text, style, title);
+    if (!gResponder) {
+        if (gDesk) return gDesk->ShowBox(text, style, title);
+        std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
+        return (style & kButtonsMask) == kYesNo ? kAnswerYes : kAnswerOK;
+    }
     gResponder->events_.push_back({ScriptedResponder::Event::Box, text, title, style});
     if (!gResponder->answers_.empty()) {
         const int answer = gResponder->answers_.front();
@@ -61,8 +36,8 @@ int MsgBox(const std::string& text, int style, const std::string& title) {
 void Beep() {
     if (gResponder)
         gResponder->events_.push_back({ScriptedResponder::Event::Beep, {}, {}, 0});
-    else if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-        QApplication::beep();
+    else if (gDesk)
+        gDesk->Beep();
 }
 
 void EndProgramNow() {

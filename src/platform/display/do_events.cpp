@@ -1,9 +1,9 @@
-#include "platform/do_events.h"
+#include "platform/display/do_events.h"
 
 #include <QAbstractEventDispatcher>
 #include <QTimer>
 
-#include "platform/platform_timer.h"
+#include "platform/display/platform_timer.h"
 
 namespace platform {
 

@@ -1,4 +1,4 @@
-#include "platform/dao.h"
+#include "platform/runtime/dao.h"
 
 #include <sqlite3.h>
 #include <sys/stat.h>

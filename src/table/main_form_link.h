@@ -1,6 +1,7 @@
-// What the dialogs reach on the main form: the answer box in the Tag of its
-// button cmdUser, the seat names, the money captions and the statistics entry
-// of the menu, the four top menus. The main form implements it; tests use a fake.
+// What the forms reach on the main form, which sits above them: the answer
+// box in the Tag of its button cmdUser, the seat names, the money captions,
+// the statistics entry of the menu, the four top menus. The main form
+// implements it and registers itself in goMainForm; tests use a fake.
 #pragma once
 
 #include <string>
@@ -15,3 +16,13 @@ public:
     virtual void SetWinningsCaption(const std::string& caption) = 0;    // mnuWinnings
     virtual void SetTopMenusEnabled(bool enabled) = 0;                  // File, Players, Options, Help
 };
+
+namespace modGlobal {
+
+extern MainFormLink* goMainForm;  // null until the main form is loaded
+
+// Enables or disables the main form's four top menus together, with every
+// entry and key under them.
+void SetMenusEnabled(bool enabled);
+
+}  // namespace modGlobal
