@@ -11,9 +11,7 @@ void Game::StartGame(bool bNewGame) {
     mbHandOver = false;
     mbHandOpened = false;
     table_.Cls();
-    miCardsPlayed = 0;
-    maCardsPlayed.clear();
-    tableMask_ = 0;
+    maCardsPlayed.Clear();
     InitializeDisplay(bNewGame);
     InitializeCardArrays();
     PlayersAnte();
@@ -28,7 +26,7 @@ void Game::StartGame(bool bNewGame) {
     if (mbHandOpened) {
         SortCardsPlayed();
         table_.Cls();
-        table_.DrawCardsPlayed(maCardsPlayed);
+        table_.DrawCardsPlayed(maCardsPlayed.Cards());
         DrawUserHand();
         mbUserCanPlay = CanUserPlay();
     } else {
@@ -93,25 +91,9 @@ void Game::PlayCards() {
 
     table_.Cls();
     SortCardsPlayed();
-    table_.DrawCardsPlayed(maCardsPlayed);
+    table_.DrawCardsPlayed(maCardsPlayed.Cards());
     DrawUserHand();  // the human's cards stay on show while the hand is reckoned
-
-    for (int seat = 0; seat < 4; ++seat) {
-        if (seat == winner) continue;
-        const auto penalty = static_cast<std::int16_t>(kPenaltyPerCard * maCardsLeft[seat]);
-        Money(seat) = static_cast<std::int16_t>(Money(seat) - penalty);
-        miPot = static_cast<std::int16_t>(miPot + penalty);
-    }
-    for (int seat = 0; seat < 4; ++seat) ShowMoney(seat);
-    ShowPot();
-    gsPotWon = std::to_string(miPot);
-    const int potTaken = miPot;
-    Money(winner) = static_cast<std::int16_t>(Money(winner) + miPot);
-    miPot = 0;
-    ShowMoney(winner);
-    ShowPot();
-    if (events_) events_->HandWon(winner, potTaken);
-    AppendScores();
+    ReckonHand(winner);
 
     if (miMoney0 < 1 || miMoney1 < 1 || miMoney2 < 1 || miMoney3 < 1) mbGameOver = true;
     if (miHandNo == 3) {
@@ -127,24 +109,33 @@ void Game::PlayCards() {
     WriteHandCaption();
 }
 
-// The human has just laid their last card.
-void Game::UserWonHand() {
-    for (int seat = kSeatLeft; seat <= kSeatRight; ++seat) {
+// Each loser pays for every card still held, and the winner takes the pot.
+void Game::ReckonHand(int winner) {
+    for (int seat = 0; seat < 4; ++seat) {
+        if (seat == winner) continue;
         const auto penalty = static_cast<std::int16_t>(kPenaltyPerCard * maCardsLeft[seat]);
         Money(seat) = static_cast<std::int16_t>(Money(seat) - penalty);
         miPot = static_cast<std::int16_t>(miPot + penalty);
-        ShowMoney(seat);
     }
+    // The computers' money is shown now, a winning computer's too; the
+    // human's only after the pot is taken when the human has won.
+    for (int seat = kSeatLeft; seat <= kSeatRight; ++seat) ShowMoney(seat);
+    if (winner != kSeatUser) ShowMoney(kSeatUser);
     ShowPot();
     gsPotWon = std::to_string(miPot);
-    gsWinnerName = gsUserName;
     const int potTaken = miPot;
-    miMoney3 = static_cast<std::int16_t>(miMoney3 + miPot);
+    Money(winner) = static_cast<std::int16_t>(Money(winner) + miPot);
     miPot = 0;
-    ShowMoney(kSeatUser);
+    ShowMoney(winner);
     ShowPot();
-    if (events_) events_->HandWon(kSeatUser, potTaken);
+    if (events_) events_->HandWon(winner, potTaken);
     AppendScores();
+}
+
+// The human has just laid their last card.
+void Game::UserWonHand() {
+    gsWinnerName = gsUserName;
+    ReckonHand(kSeatUser);
 
     const bool gameEnded =
         miMoney0 < 1 || miMoney1 < 1 || miMoney2 < 1 || miMoney3 < 1 || miHandNo == 3;
@@ -191,7 +182,7 @@ void Game::HandBackToUser() {
 void Game::RedrawTable() {
     SortCardsPlayed();
     table_.Cls();
-    table_.DrawCardsPlayed(maCardsPlayed);
+    table_.DrawCardsPlayed(maCardsPlayed.Cards());
     DrawUserHand();
 }
 
@@ -238,7 +229,7 @@ void Game::EndOfGameDispatch() {
         table_.SetCaption(gsTitle + " - Level 1 (1st Hand)");
         StartGame(true);
     } else if (tag == "NO") {
-        table_.UnloadMainForm();
+        table_.Unload();
     } else if (tag == "CHANGE") {
         table_.IniSave();
         table_.ShowUserName();

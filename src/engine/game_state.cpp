@@ -1,8 +1,6 @@
 // Cards and hands: dealing, sorting, the table's cards, the human's hand row.
 #include "engine/game_state.h"
 
-#include <algorithm>
-
 Game::Game(Table& table) : table_(table) {
     for (int i = 0; i < 52; ++i) maDeck[i] = static_cast<Card>(i);
 }
@@ -44,29 +42,9 @@ void Game::SortIntoSuits(std::vector<Card>& hand) {
     hand = grouped;
 }
 
-// Descending, Kings first, so that a lower card of a column is painted over
-// the higher one behind it.
-void Game::SortCardsPlayed() {
-    if (static_cast<std::size_t>(__builtin_popcountll(tableMask_)) == maCardsPlayed.size()) {
-        // The table's cards are distinct, so their set gives the order at once.
-        std::size_t i = 0;
-        for (CardMask bits = tableMask_; bits != 0;) {
-            const int highest = 63 - __builtin_clzll(bits);
-            maCardsPlayed[i++] = static_cast<Card>(highest);
-            bits &= ~(CardMask{1} << highest);
-        }
-        return;
-    }
-    modGlobal::SortCards(maCardsPlayed);
-    std::reverse(maCardsPlayed.begin(), maCardsPlayed.end());
-}
+void Game::SortCardsPlayed() { maCardsPlayed.SortDescending(); }
 
-void Game::AddToCardsPlayed(Card card) {
-    maCardsPlayed.resize(static_cast<std::size_t>(miCardsPlayed) + 1);
-    maCardsPlayed[miCardsPlayed] = card;
-    ++miCardsPlayed;
-    tableMask_ |= MaskOf(std::array<Card, 1>{card});
-}
+void Game::AddToCardsPlayed(Card card) { maCardsPlayed.Add(card); }
 
 void Game::RemoveCard(std::vector<Card>& hand, std::size_t index) {
     // A hand is never made empty: its last card stays in the array after it

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/cards.h"
+#include "engine/cards_played.h"
 #include "engine/mod_global.h"
 #include "engine/table.h"
 
@@ -96,8 +97,7 @@ public:
     // --- the form's variables ---
     std::array<Card, 52> maDeck{};
     std::vector<Card> maHand0, maHand1, maHand2, maHand3;
-    std::vector<Card> maCardsPlayed;
-    std::int16_t miCardsPlayed = 0;
+    CardsPlayed maCardsPlayed;  // its size is the count of cards on the table
     std::vector<Card> maUserPlayable;
     std::vector<Card> maLowCards;
     std::vector<Card> maHighCards;
@@ -129,6 +129,7 @@ private:
     void AfterTurnCycle(bool gameOver);
     void HandBackToUser();
     void UserWonHand();
+    void ReckonHand(int winner);
     void AppendScores();
     void ShowMoney(int seat);
     void ShowPot();
@@ -136,7 +137,6 @@ private:
     std::int16_t RoutineOfSeat(int seat) const;
 
     Table& table_;
-    CardMask tableMask_ = 0;  // maCardsPlayed as a set, for the scans of the table's ends
     GameEvents* events_ = nullptr;
     std::optional<std::array<std::int16_t, 4>> seatRoutines_;
 };

@@ -9,7 +9,7 @@ using namespace modGlobal;
 
 bool Game::CanUserPlay() {
     maUserPlayable.clear();
-    const TableEnds ends = FindTableEnds(tableMask_);
+    const TableEnds ends = FindTableEnds(maCardsPlayed.Mask());
     const CardMask held = MaskOf(maHand3);
     AppendExtensions(held, ends.low, -kSuitStep, maUserPlayable);
     AppendExtensions(held, ends.high, kSuitStep, maUserPlayable);
@@ -79,7 +79,7 @@ void Game::PlayUserCard(std::size_t index) {
     RemoveCard(maHand3, index);
     SortCardsPlayed();
     table_.Cls();
-    table_.DrawCardsPlayed(maCardsPlayed);
+    table_.DrawCardsPlayed(maCardsPlayed.Cards());
     if (mbHandOver) {
         UserWonHand();
         return;

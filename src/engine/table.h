@@ -52,7 +52,7 @@ public:
     virtual void ReloadPicture() = 0;  // the table's background, fresh
     virtual void IniSave() = 0;
     virtual void ShowUserName() = 0;
-    virtual void UnloadMainForm() = 0;
+    virtual void Unload() = 0;  // closes the table's window, which ends the run
 };
 
 // What happened in a game, for those who watch it without a screen.

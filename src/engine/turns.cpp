@@ -18,7 +18,7 @@ std::int16_t Game::RoutineOfSeat(int seat) const {
 bool Game::CollectCandidates(const std::vector<Card>& hand) {
     maLowCards.clear();
     maHighCards.clear();
-    const TableEnds ends = FindTableEnds(tableMask_);
+    const TableEnds ends = FindTableEnds(maCardsPlayed.Mask());
     const CardMask held = MaskOf(hand);
     AppendExtensions(held, ends.low, -kSuitStep, maLowCards);
     AppendExtensions(held, ends.high, kSuitStep, maHighCards);

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include "platform/display/name_font.h"
 #include "platform/display/pictures.h"
 #include "platform/display/twips.h"
 #include "shell/table_canvas.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kClientWidthTwips = 9630;
 constexpr int kClientHeightTwips = 6690;
+constexpr double kNamePointSize = 12;  // a name plate's size, for names that fit it
 
 QColor FromBgr(std::int32_t bgr) {
     return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
@@ -40,17 +42,16 @@ const SeatPlaces kLblCardsLeft = {{{840, 6000}, {840, 1800}, {8640, 1800}, {8640
 // The corner frames; their index is no seat index.
 const SeatPlaces kShpRect = {{{0, 0}, {0, 4200}, {7800, 0}, {7800, 4200}}};
 
+// Painted by the style rather than filled by the widget: a filled label is
+// opaque to the window system, and the flights' layer over it would be cut
+// out where it lies.
 QLabel* BoxedLabel(QWidget* parent, const QRect& rect, double pointSize, const QColor& text) {
     auto* label = new QLabel(parent);
     label->setGeometry(rect);
     label->setAlignment(Qt::AlignCenter);
     label->setFrameShape(QFrame::Box);
     label->setLineWidth(1);
-    label->setAutoFillBackground(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::Window, Qt::white);
-    palette.setColor(QPalette::WindowText, text);
-    label->setPalette(palette);
+    label->setStyleSheet(QStringLiteral("background-color: white; color: %1;").arg(text.name()));
     QFont font = label->font();
     font.setPointSizeF(pointSize);
     label->setFont(font);
@@ -121,9 +122,6 @@ void FDovrin::CreateControls() {
         shpRect[i] = new ShapeWidget(canvas_, false);
         shpRect[i]->setGeometry(TwipsRect(kShpRect[i].left, kShpRect[i].top, 1815, 2415));
     }
-    QFont nameFont = font();
-    nameFont.setPointSize(12);
-    nameFont.setBold(true);
     for (int seat = 0; seat < 4; ++seat) {
         shpPlayer[seat] = new ShapeWidget(canvas_, true);
         shpPlayer[seat]->setGeometry(
@@ -134,7 +132,7 @@ void FDovrin::CreateControls() {
         lblPlayer[seat]->setGeometry(
             TwipsRect(kLblPlayer[seat].left, kLblPlayer[seat].top, 1575, 375));
         lblPlayer[seat]->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-        lblPlayer[seat]->setFont(nameFont);
+        lblPlayer[seat]->setFont(platform::NameFont(kNamePointSize, true));
         lblPlayer[seat]->setStyleSheet(QStringLiteral("color: #000080; background: transparent;"));
         lblPlayer[seat]->setAttribute(Qt::WA_TransparentForMouseEvents);
 
@@ -173,10 +171,17 @@ void FDovrin::CreateControls() {
     buttonFont.setPointSizeF(14.25);
     cmdUser->setFont(buttonFont);
     connect(cmdUser, &QPushButton::clicked, this, &FDovrin::cmdUser_Click);
+
+    // A flying card passes over every control but the two buttons.
+    overControls_ = new platform::SurfaceOverlay(canvas_, surface_);
+    cmdWantMore->raise();
+    cmdUser->raise();
 }
 
 void FDovrin::SetPlayerName(int seat, const std::string& name) {
-    lblPlayer.at(seat)->setText(QString::fromStdString(name));
+    QLabel* plate = lblPlayer.at(seat);
+    plate->setText(QString::fromStdString(name));
+    plate->setFont(platform::NameFontToFit(plate->text(), plate->contentsRect().width(), kNamePointSize, true));
 }
 
 std::string FDovrin::MoneyCaption(int seat) const { return lblAmt.at(seat)->text().toStdString(); }

@@ -148,7 +148,7 @@ public:
     void ReloadPicture() override;
     void IniSave() override;
     void ShowUserName() override;
-    void UnloadMainForm() override;
+    void Unload() override;
 
     // --- what the dialogs reach ---
     void SetPlayerName(int seat, const std::string& name) override;
@@ -182,12 +182,13 @@ private:
 
     TableCanvas* canvas_ = nullptr;
     platform::FormSurface surface_;
+    platform::SurfaceOverlay* overControls_ = nullptr;
     Game game_;
     std::string userTag_;  // the Tag of cmdUser
     bool loaded_ = false;  // Form_Load has run
     bool mbActivated = false;
     bool activating_ = false;  // the first activation is under way
-    bool musicEnabled_ = true;  // the music object's Enabled, until the music device exists
+    bool musicEnabled_ = false;  // the music object's Enabled, off at its creation, until the music device exists
     bool unloading_ = false;
     std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
     std::int32_t mlCardHeight = 0;  // the table uses its own card size in twips

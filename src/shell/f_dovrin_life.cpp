@@ -102,7 +102,7 @@ void FDovrin::ChangeUser(bool pbFirst) {
     if (userTag_ != "X")
         game_.NewGameForNewUser();
     else if (pbFirst)
-        UnloadMainForm();
+        Unload();
 }
 
 void FDovrin::ShowUserName(const std::string& exitCaption) {
@@ -128,7 +128,7 @@ void FDovrin::Form_QueryUnload() {
     storage::Ini_Save(*this);
 }
 
-void FDovrin::UnloadMainForm() { close(); }
+void FDovrin::Unload() { close(); }
 
 void FDovrin::IniSave() { storage::Ini_Save(*this); }
 

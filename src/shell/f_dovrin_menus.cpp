@@ -84,7 +84,7 @@ void FDovrin::mnuFile_Click(int index) {
         SetCaption(gsTitle + " - Level " + std::to_string(game_.miLevel + 1) + " (1st Hand)");
         StartGame(true);
     } else if (index == 1) {
-        UnloadMainForm();
+        Unload();
     }
 }
 

@@ -86,7 +86,7 @@ public:
     void ReloadPicture() override {}
     void IniSave() override {}
     void ShowUserName() override {}
-    void UnloadMainForm() override { finished_ = true; }
+    void Unload() override { finished_ = true; }
 
     // --- GameEvents ---
     void HandDealt() override {

@@ -1,7 +1,7 @@
 #include "platform/display/form_surface.h"
 
+#include <QPaintEvent>
 #include <QPainter>
-#include <QWidget>
 
 #include "platform/display/pictures.h"
 
@@ -9,8 +9,8 @@ namespace platform {
 
 namespace {
 
-QImage BlankImage(QSize size, qreal pixelRatio) {
-    QImage image(size * pixelRatio, QImage::Format_RGB32);
+QImage BlankImage(QSize size, qreal pixelRatio, QImage::Format format = QImage::Format_RGB32) {
+    QImage image(size * pixelRatio, format);
     image.setDevicePixelRatio(pixelRatio);
     return image;
 }
@@ -22,7 +22,8 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
       clientRect_(QPoint(0, 0), clientSize),
       backColor_(backColor),
       retained_(BlankImage(clientSize, DisplayPixelRatio())),
-      screen_(BlankImage(clientSize, DisplayPixelRatio())) {
+      screen_(BlankImage(clientSize, DisplayPixelRatio())),
+      overControls_(BlankImage(clientSize, DisplayPixelRatio(), QImage::Format_ARGB32_Premultiplied)) {
     Cls();
 }
 
@@ -38,6 +39,7 @@ void FormSurface::Cls() {
         painter.drawPixmap(0, 0, picture_);
     }
     screen_ = retained_.copy();
+    overControls_.fill(Qt::transparent);
     if (form_) form_->update();
 }
 
@@ -49,6 +51,10 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
     {
         QPainter screen(&screen_);
         paint(screen);
+    }
+    if (!autoRedraw_) {
+        QPainter over(&overControls_);
+        paint(over);
     }
     if (!form_) return;
     if (autoRedraw_)
@@ -70,17 +76,38 @@ void FormSurface::Paint(QPainter& painter, const QRect& area) {
     painter.restore();
 }
 
+void FormSurface::PaintOverControls(QPainter& painter, const QRect& area) {
+    painter.save();
+    painter.setClipRect(area);
+    painter.drawImage(0, 0, overControls_);
+    painter.restore();
+}
+
 void FormSurface::RestoreScreen(const QRect& area) {
     QPainter painter(&screen_);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.setClipRect(area);
     painter.drawImage(0, 0, retained_);
+    QPainter over(&overControls_);
+    over.setCompositionMode(QPainter::CompositionMode_Source);
+    over.fillRect(area, Qt::transparent);
 }
 
 void FormSurface::RepaintNow(const QRect& area) {
     ownRepaint_ = true;
     form_->repaint(area);
     ownRepaint_ = false;
+}
+
+SurfaceOverlay::SurfaceOverlay(QWidget* form, FormSurface& surface) : QWidget(form), surface_(surface) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setGeometry(form->rect());
+}
+
+void SurfaceOverlay::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    surface_.PaintOverControls(painter, event->rect());
 }
 
 }  // namespace platform

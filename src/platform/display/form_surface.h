@@ -8,6 +8,11 @@
 // moved over the form, a label on top changing) first copies the retained
 // image back over the screen image in the repainted area.
 //
+// The form's windowless controls (labels, shapes, pictures) stand over the
+// retained image, but what is drawn with AutoRedraw off lies over them, as
+// drawing on the form's screen did: only the buttons stay above a flying
+// card. A SurfaceOverlay placed over those controls shows that layer.
+//
 // The owning widget paints the surface from its paintEvent through Paint().
 #pragma once
 
@@ -17,9 +22,9 @@
 #include <QImage>
 #include <QPixmap>
 #include <QRect>
+#include <QWidget>
 
 class QPainter;
-class QWidget;
 
 namespace platform {
 
@@ -48,6 +53,9 @@ public:
 
     // For the form's paintEvent.
     void Paint(QPainter& painter, const QRect& area);
+    // For the overlay's paintEvent: what AutoRedraw off drew since the area
+    // was last restored.
+    void PaintOverControls(QPainter& painter, const QRect& area);
 
     const QImage& RetainedImage() const { return retained_; }
     const QImage& ScreenImage() const { return screen_; }
@@ -62,8 +70,22 @@ private:
     QPixmap picture_;
     QImage retained_;
     QImage screen_;
+    QImage overControls_;  // transparent but for what AutoRedraw off drew
     bool autoRedraw_ = true;
     bool ownRepaint_ = false;
+};
+
+// The layer over the form's windowless controls; it covers the client area
+// and lets the mouse through.
+class SurfaceOverlay : public QWidget {
+public:
+    SurfaceOverlay(QWidget* form, FormSurface& surface);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    FormSurface& surface_;
 };
 
 }  // namespace platform
