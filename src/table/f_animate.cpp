@@ -1,5 +1,6 @@
 #include "table/f_animate.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -46,12 +47,19 @@ FAnimate::FAnimate(QWidget* parent) : QDialog(parent) {
     lblAnim[2]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lblAnim[3]->setAlignment(Qt::AlignCenter);
 
-    // The slowest value stands at the left end, so the bar runs backwards.
+    // The slowest value stands at the left end and the value falls toward
+    // the right. Laid out right to left, the bar moves its thumb the way the
+    // user points with its arrows, troughs, thumb, arrow keys and wheel; Home
+    // and End are turned round to go to the left and the right end.
     scrAnim = new QScrollBar(Qt::Horizontal, this);
     scrAnim->setGeometry(TwipsRect(120, 1200, 4215, 375));
+    scrAnim->setLayoutDirection(Qt::RightToLeft);
+    scrAnim->setInvertedControls(false);
     scrAnim->setRange(kFastest, kSlowest);
-    scrAnim->setInvertedAppearance(true);
-    scrAnim->setInvertedControls(true);
+    connect(scrAnim, &QAbstractSlider::actionTriggered, this, [this](int action) {
+        if (action == QAbstractSlider::SliderToMinimum) scrAnim->setSliderPosition(kSlowest);
+        if (action == QAbstractSlider::SliderToMaximum) scrAnim->setSliderPosition(kFastest);
+    });
     scrAnim->setSingleStep(5);
     scrAnim->setPageStep(5);
     scrAnim->setValue(kResetValue);
@@ -80,4 +88,10 @@ void FAnimate::cmdAnim_Click(int index) {
     }
     modGlobal::glAnimSpeed = scrAnim->value() * 1000;
     close();
+}
+
+void FAnimate::keyPressEvent(QKeyEvent* event) {
+    // There is no cancel: Escape doesn't close this form.
+    if (event->key() == Qt::Key_Escape) return;
+    QDialog::keyPressEvent(event);
 }

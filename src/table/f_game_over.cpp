@@ -7,12 +7,13 @@
 #include "engine/mod_global.h"
 #include "platform/runtime/runtime.h"
 #include "platform/display/twips.h"
-#include "table/main_form_link.h"
 #include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
 #include "storage/user_record.h"
 #include "storage/mod_global_db.h"
+#include "table/labels.h"
+#include "table/main_form_link.h"
 
 using namespace modGlobal;
 using platform::TwipsRect;
@@ -24,6 +25,7 @@ constexpr int kFormWidth = 4065;
 constexpr int kFormHeight = 2580;
 constexpr std::array<int, 4> kRowTops = {150, 495, 855, 1200};
 constexpr int kStartingMoney = 200;
+constexpr int kRowPointSize = 9;
 const std::array<const char*, 3> kAnswers = {"YES", "NO", "CHANGE"};
 
 }  // namespace
@@ -33,7 +35,7 @@ FGameOver::FGameOver(QWidget* parent)
     setWindowTitle(QStringLiteral("Lantern! Dovrin - Game Over"));
 
     QFont rowFont = font();
-    rowFont.setPointSize(9);
+    rowFont.setPointSize(kRowPointSize);
     rowFont.setBold(true);
     for (int row = 0; row < 4; ++row) {
         lblPlayer[row] = new QLabel(this);
@@ -72,7 +74,7 @@ void FGameOver::Form_Load() {
     GetStandings(funds);
     if (gbDbFailed) return;
     for (int row = 0; row < 4; ++row) {
-        lblPlayer[row]->setText(QString::fromStdString(gaStanding[row].name));
+        table::ShowName(*lblPlayer[row], gaStanding[row].name, kRowPointSize, true);
         lblAmt[row]->setText(QString::number(gaStanding[row].funds));
     }
 }

@@ -8,8 +8,11 @@
 #include "platform/display/twips.h"
 #include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
+#include "table/labels.h"
 
 using platform::TwipsRect;
+using table::SetTextColour;
+using table::ShowName;
 
 namespace {
 
@@ -28,26 +31,19 @@ const std::vector<std::string>& ScoreArray(int column) {
     return *arrays[column];
 }
 
-void SetTextColour(QLabel& label, const QColor& colour) {
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, colour);
-    label.setPalette(palette);
-}
-
 }  // namespace
 
 FHandOver::FHandOver(QWidget* parent)
     : platform::ArtDialog(parent, QStringLiteral("hand_over"), kFormWidth, kFormHeight) {
     setWindowTitle(QStringLiteral("Hand Over - Current Standings"));
 
-    QFont bold = font();
-    bold.setBold(true);
     lblWinner = new QLabel(this);
     lblWinner->setGeometry(TwipsRect(1185, 175, 1470, 330));
-    lblWinner->setFont(bold);
     lblWinner->setAlignment(Qt::AlignCenter);
     lblTotPot = new QLabel(this);
     lblTotPot->setGeometry(TwipsRect(3945, 175, 705, 330));
+    QFont bold = font();
+    bold.setBold(true);
     lblTotPot->setFont(bold);
     lblTotPot->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 
@@ -80,14 +76,14 @@ QLabel* FHandOver::NewScoreLabel(int column, int top) {
 
 void FHandOver::Form_Load() {
     modGlobal::CenterForm(*this);
-    lblWinner->setText(QString::fromStdString(modGlobal::gsWinnerName));
+    const double pointSize = font().pointSizeF();
+    ShowName(*lblWinner, modGlobal::gsWinnerName, pointSize, true);
     lblTotPot->setText(QString::fromStdString(modGlobal::gsPotWon));
     const int leader = GetHighScore();
 
     const std::array<const std::string*, 4> names = {&modGlobal::gsOpponent1, &modGlobal::gsOpponent2,
                                                      &modGlobal::gsOpponent3, &modGlobal::gsUserName};
-    for (int column = 0; column < 4; ++column)
-        lblPlayer[column]->setText(QString::fromStdString(*names[column]));
+    for (int column = 0; column < 4; ++column) ShowName(*lblPlayer[column], *names[column], pointSize, false);
 
     const int lastRow = static_cast<int>(modGlobal::gaScoresOne.size()) - 1;
     for (int column = 0; column < 4; ++column) {

@@ -11,9 +11,11 @@
 #include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
+#include "table/labels.h"
 
 using platform::TwipsRect;
 using platform::TwipsToPixels;
+using table::SetTextColour;
 
 namespace {
 
@@ -24,16 +26,11 @@ constexpr int kRowStep = 360;
 constexpr int kRowHeight = 285;
 constexpr int kButtonTop = 3855;
 constexpr std::int16_t kOpenedFromMenu = 99;
+constexpr double kDesignPointSize = 8;  // the form's text, which a name keeps when it fits
 
 const QColor kDarkBlue(0, 0, 128);
 const QColor kPurple(128, 0, 128);
 const QColor kNewRowBlue(0, 0, 255);
-
-void SetTextColour(QLabel& label, const QColor& colour) {
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, colour);
-    label.setPalette(palette);
-}
 
 }  // namespace
 
@@ -46,9 +43,9 @@ FTopTen::FTopTen(QWidget* parent)
         label->setGeometry(TwipsRect(left, kFirstRowTop + row * kRowStep, width, kRowHeight));
         QPalette palette = label->palette();
         palette.setColor(QPalette::Window, Qt::white);
-        palette.setColor(QPalette::WindowText, colour);
         label->setPalette(palette);
         label->setAutoFillBackground(true);
+        SetTextColour(*label, colour);
         label->setAlignment(alignment | Qt::AlignVCenter);
         label->setIndent(TwipsToPixels(60));
         return label;
@@ -108,7 +105,7 @@ void FTopTen::ShowTopTenRows() {
         if (entry.score == 0) {
             BlankRow(row);
         } else {
-            lblPlayer[row]->setText(QString::fromStdString(entry.name));
+            table::ShowName(*lblPlayer[row], entry.name, kDesignPointSize, false);
             lblScore[row]->setText(QString::number(entry.score));
             lblSkilllevel[row]->setText(QString::fromStdString(entry.skilllevel.substr(0, 1)));
             lblDate[row]->setText(QString::fromStdString(platform::FormatDate(entry.date, "mmm dd")));

@@ -1,9 +1,7 @@
-#include <QCoreApplication>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -16,42 +14,46 @@ namespace {
 class FAnimateTest : public ::testing::Test {
 protected:
     void SetUp() override { modGlobal::ResetGlobals(); }
-
-    static void PressKey(QScrollBar* bar, Qt::Key key) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-        QCoreApplication::sendEvent(bar, &press);
-    }
 };
 
-TEST_F(FAnimateTest, TheBarShowsTheSpeedInThousandsTruncatedWithTheSlowestAtTheLeft) {
-    modGlobal::glAnimSpeed = 42999;
+// The bar stands at 40, its thumb in the middle; the value is higher toward
+// the left, "Slowest".
+TEST_F(FAnimateTest, ArrowsTroughsKeysAndThumbMoveTheBarTheWayTheUserPoints) {
+    modGlobal::glAnimSpeed = 40000;
     FAnimate form;
-    EXPECT_EQ(form.windowTitle(), "Animation Speed");
-    EXPECT_EQ(form.lblAnim[0]->text(), "Use the scollbar below to adjust the speed your opponents cards are played.");
-    EXPECT_EQ(form.lblAnim[1]->text(), "Slowest");
-    EXPECT_EQ(form.lblAnim[2]->text(), "Fastest");
-    EXPECT_EQ(form.lblAnim[3]->text(), "Normal");
-    EXPECT_EQ(form.cmdAnim[0]->text(), "&Reset");
-    EXPECT_EQ(form.cmdAnim[1]->text(), "&OK");
-    EXPECT_EQ(form.scrAnim->value(), 42);
-    PressKey(form.scrAnim, Qt::Key_Left);
-    EXPECT_EQ(form.scrAnim->value(), 47);
-    PressKey(form.scrAnim, Qt::Key_Right);
-    PressKey(form.scrAnim, Qt::Key_Right);
-    EXPECT_EQ(form.scrAnim->value(), 37);
+    form.show();
+    QScrollBar* bar = form.scrAnim;
+    const int y = bar->height() / 2;
+    const int width = bar->width();
+    for (const auto& [x, value] : {std::pair{2, 45}, {width / 4, 45}, {3 * width / 4, 35}, {width - 3, 35}}) {
+        bar->setValue(40);
+        QTest::mouseClick(bar, Qt::LeftButton, {}, {x, y});
+        EXPECT_EQ(bar->value(), value) << "click at " << x << " of " << width;
+    }
+    for (const auto& [key, value] :
+         {std::pair{Qt::Key_Left, 45}, {Qt::Key_Right, 35}, {Qt::Key_Home, 80}, {Qt::Key_End, 0}}) {
+        bar->setValue(40);
+        QTest::keyClick(bar, key);
+        EXPECT_EQ(bar->value(), value) << QKeySequence(key).toString().toStdString();
+    }
+    bar->setValue(40);
+    QTest::mousePress(bar, Qt::LeftButton, {}, {width / 2, y});
+    QTest::mouseMove(bar, {0, y});
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, {0, y});
+    EXPECT_EQ(bar->value(), 80);
 }
 
-TEST_F(FAnimateTest, ResetMovesOnlyTheBarAndOkWritesTheSpeedAndReleasesTheForm) {
-    modGlobal::glAnimSpeed = 80000;
+TEST_F(FAnimateTest, ResetMovesOnlyTheBarOkWritesTheSpeedAndEscapeDoesNotClose) {
+    modGlobal::glAnimSpeed = 42999;
     QPointer<FAnimate> form = new FAnimate;
     form->show();
+    EXPECT_EQ(form->scrAnim->value(), 42);
+    QTest::keyClick(form, Qt::Key_Escape);
     form->scrAnim->setValue(10);
     form->cmdAnim[0]->click();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ASSERT_FALSE(form.isNull());
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(form->scrAnim->value(), 40);
-    EXPECT_EQ(modGlobal::glAnimSpeed, 80000);
+    EXPECT_EQ(modGlobal::glAnimSpeed, 42999);
 
     form->scrAnim->setValue(15);
     form->cmdAnim[1]->click();
@@ -60,20 +62,11 @@ TEST_F(FAnimateTest, ResetMovesOnlyTheBarAndOkWritesTheSpeedAndReleasesTheForm) 
     EXPECT_EQ(modGlobal::glAnimSpeed, 15000);
 }
 
-TEST_F(FAnimateTest, SpeedOutsideTheBarIsRefused) {
+TEST_F(FAnimateTest, ASpeedOffTheBarIsRefused) {
     for (std::int32_t speed : {81000, -1000}) {
         modGlobal::glAnimSpeed = speed;
-        try {
-            FAnimate form;
-            ADD_FAILURE() << speed << " was accepted";
-        } catch (const platform::RuntimeError& error) {
-            EXPECT_EQ(error.Number(), 380);
-            EXPECT_EQ(error.Description(), "Invalid property value");
-        }
+        EXPECT_THROW(FAnimate{}, platform::RuntimeError) << speed;
     }
-    modGlobal::glAnimSpeed = 80999;  // truncates to 80, still on the bar
-    FAnimate form;
-    EXPECT_EQ(form.scrAnim->value(), 80);
 }
 
 }  // namespace

@@ -1,30 +1,28 @@
-#include <chrono>
-#include <string>
-#include <vector>
+#include <tuple>
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
-#include "platform/display/do_events.h"
-#include "table/main_form_link.h"
-#include "sound/mod_sound_lib.h"
+#include "platform/display/name_font.h"
 #include "storage/storage_fixture.h"
 #include "support/closes_by_itself.h"
+#include "support/form_probe.h"
 #include "table/f_game_over.h"
+#include "table/f_hand_over.h"
+#include "table/f_top_ten.h"
+#include "table/main_form_link.h"
 
 using namespace modGlobal;
 
 namespace {
 
-using Strings = std::vector<std::string>;
-
 // The main form as the dialog sees it: the four money captions and the Tag.
 class FakeMainForm : public MainFormLink {
 public:
+    FakeMainForm() { goMainForm = this; }
+    ~FakeMainForm() override { goMainForm = nullptr; }
     std::string UserTag() const override { return tag; }
     void SetUserTag(const std::string& value) override { tag = value; }
     void SetPlayerName(int, const std::string&) override {}
@@ -45,12 +43,6 @@ protected:
         gsOpponent3 = "Ned";
         gsUserName = "Ann";
         gsSkillLevel = "Medium";
-        goMainForm = &mainForm_;
-        modSoundLib::SetKeyObserver([this](const std::string& key, bool) { sounds_.push_back(key); });
-    }
-    void TearDown() override {
-        modSoundLib::SetKeyObserver(nullptr);
-        DeliveredDbTest::TearDown();
     }
 
     static Strings UserRows() {
@@ -58,19 +50,8 @@ protected:
                     {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
     }
 
-    static Strings Shown(const std::array<QLabel*, 4>& labels) {
-        Strings texts;
-        for (const QLabel* label : labels) texts.push_back(label->text().toStdString());
-        return texts;
-    }
-
-    static void WaitFor(std::chrono::milliseconds span) {
-        const auto end = std::chrono::steady_clock::now() + span;
-        while (std::chrono::steady_clock::now() < end) platform::DoEvents();
-    }
-
     FakeMainForm mainForm_;
-    Strings sounds_;
+    SoundKeys sounds_;
 };
 
 TEST_F(FGameOverTest, TheUsersRecordIsAddedByNameThenEditedInPlaceAndThePlayersRankedThroughTheTable) {
@@ -78,9 +59,8 @@ TEST_F(FGameOverTest, TheUsersRecordIsAddedByNameThenEditedInPlaceAndThePlayersR
     mainForm_.money = {"180", "-20", "250", "150"};
     {
         FGameOver form;
-        EXPECT_EQ(form.windowTitle(), "Lantern! Dovrin - Game Over");
-        EXPECT_EQ(Shown(form.lblPlayer), (Strings{"Ned", "Lu", "Ann", "Mo"}));
-        EXPECT_EQ(Shown(form.lblAmt), (Strings{"250", "180", "150", "-20"}));
+        EXPECT_EQ(Texts(form.lblPlayer), (Strings{"Ned", "Lu", "Ann", "Mo"}));
+        EXPECT_EQ(Texts(form.lblAmt), (Strings{"250", "180", "150", "-20"}));
     }
     EXPECT_EQ(giNumGames, 1);
     EXPECT_EQ(glWinnings, -50);
@@ -103,58 +83,39 @@ TEST_F(FGameOverTest, AQuoteInTheNameBreaksOnlyTheSaveOfTheRecord) {
                                           "Syntax error (missing operator) in query expression 'name='O'Brien''."}}));
     EXPECT_EQ(UserRows(), Strings{"4|O|-|-|-|-|3|0"});
     EXPECT_FALSE(gbDbFailed);
-    EXPECT_EQ(Shown(form.lblPlayer), (Strings{"O'Brien", "Ned", "Lu", "Mo"}));
+    EXPECT_EQ(Texts(form.lblPlayer), (Strings{"O'Brien", "Ned", "Lu", "Mo"}));
 }
 
-TEST_F(FGameOverTest, EachButtonAnswersThroughTheTagAndTheFrameMeansNo) {
-    const std::vector<std::pair<const char*, const char*>> answers = {
-        {"&Yes", "YES"}, {"&No", "NO"}, {"&New User...", "CHANGE"}, {"", "NO"}};
-    for (std::size_t index = 0; index < answers.size(); ++index) {
+// Each answer after the timer has told, twice, whether the user stands first:
+// an opponent who bears the user's name counts as the user. The frame closes
+// the last form before the first tick, which leaves the last game's win.
+TEST_F(FGameOverTest, TheTimerTellsOnceWhoWonAndEachAnswerGoesThroughTheTagTheFrameMeaningNo) {
+    const std::vector<std::tuple<const char*, const char*, bool>> games = {
+        {"275", "Ned", true}, {"205", "Ned", false}, {"205", "Ann", true}, {"275", "Ned", false}};
+    const Strings answers = {"YES", "NO", "CHANGE", "NO"};
+    for (std::size_t index = 0; index < games.size(); ++index) {
+        const auto& [userMoney, opponent3, userWon] = games[index];
+        const bool ticks = index < 3;  // a button, after the ticks
+        SCOPED_TRACE(answers[index]);
         mainForm_.tag.clear();
+        mainForm_.money[3] = userMoney;
+        gsOpponent3 = opponent3;
+        gbUserWon = ticks ? !userWon : userWon;
+        sounds_.keys.clear();
         FGameOver form;
         form.show();
-        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(&form, &escape);
+        QTest::keyClick(&form, Qt::Key_Escape);
         ASSERT_TRUE(form.isVisible());
-        if (index < form.cmdYesNo.size()) {
-            EXPECT_EQ(form.cmdYesNo[index]->text(), answers[index].first);
+        for (int tick = 0; tick < 2 && ticks; ++tick) EXPECT_TRUE(form.tmrScore.Fire());
+        if (ticks)
             form.cmdYesNo[index]->click();
-        } else {
+        else
             form.close();
-        }
         EXPECT_FALSE(form.isVisible());
-        EXPECT_EQ(mainForm_.tag, answers[index].second);
-    }
-}
-
-TEST_F(FGameOverTest, TheTimerTellsOnceWhetherTheUserStandsFirstUnlessAnAnswerCameFirst) {
-    struct Case {
-        std::array<std::string, 4> money;
-        std::string opponent3;
-        bool answerAtOnce;
-        bool userWon;
-        Strings sounds;
-    };
-    const std::vector<Case> cases = {
-        {{"180", "95", "250", "275"}, "Ned", false, true, {"USERWON"}},
-        {{"180", "95", "250", "205"}, "Ned", false, false, {"OTHWON"}},
-        // An opponent who bears the user's name counts as the user.
-        {{"180", "95", "250", "205"}, "Ann", false, true, {"USERWON"}},
-        // An answer before the first tick leaves the last game's win.
-        {{"180", "95", "250", "275"}, "Ned", true, false, {}},
-        {{"180", "95", "250", "205"}, "Ned", true, true, {}},
-    };
-    for (const Case& c : cases) {
-        mainForm_.money = c.money;
-        gsOpponent3 = c.opponent3;
-        gbUserWon = c.answerAtOnce ? c.userWon : !c.userWon;
-        sounds_.clear();
-        FGameOver form;
-        form.show();
-        if (c.answerAtOnce) form.cmdYesNo[0]->click();
-        WaitFor(std::chrono::milliseconds(1100));
-        EXPECT_EQ(gbUserWon, c.userWon) << c.money[3] << " " << c.opponent3;
-        EXPECT_EQ(sounds_, c.sounds) << c.money[3] << " " << c.opponent3;
+        EXPECT_FALSE(form.tmrScore.Fire());
+        EXPECT_EQ(mainForm_.tag, answers[index]);
+        EXPECT_EQ(gbUserWon, userWon);
+        EXPECT_EQ(sounds_.keys, ticks ? Strings{userWon ? "USERWON" : "OTHWON"} : Strings{});
     }
 }
 
@@ -165,10 +126,31 @@ TEST_F(FGameOverTest, AFailedOpenLeavesTheRowsEmptyAndTheFormUnloadsWhenItActiva
     EXPECT_TRUE(gbDbFailed);
     EXPECT_TRUE(gbDbSwitched);  // the default database is there: the switch is silent
     EXPECT_TRUE(responder_.Events().empty());
-    EXPECT_EQ(Shown(form.lblPlayer), (Strings{"", "", "", ""}));
+    EXPECT_EQ(Texts(form.lblPlayer), (Strings{"", "", "", ""}));
 
     EXPECT_TRUE(ClosesByItself(form));
     EXPECT_EQ(mainForm_.tag, "NO");
+}
+
+// The longest name the user form takes, in its widest character, is shown
+// whole by the column heads and the winner of a hand's end and by the rows
+// of a game's end. CTest runs this once more on a screen of twice the density.
+TEST_F(FGameOverTest, TheWidestNameFitsWhereverTheEndOfAHandOrAGameShowsIt) {
+    const std::string widest = platform::WidestName(platform::NameFont(9, true)).toStdString();
+    gsOpponent1 = gsOpponent2 = gsOpponent3 = gsUserName = gsWinnerName = widest;
+    gaScoresOne = gaScoresTwo = gaScoresThree = gaScoresUser = {"200"};
+    InsertTopTen({{widest, 500, "Easy", 40000}});
+    giTopTenRow = 99;
+    FHandOver hand;
+    FGameOver game;
+    FTopTen topTen;
+    std::vector<QLabel*> names = {hand.lblWinner, topTen.lblPlayer[0]};
+    names.insert(names.end(), hand.lblPlayer.begin(), hand.lblPlayer.end());
+    names.insert(names.end(), game.lblPlayer.begin(), game.lblPlayer.end());
+    for (const QLabel* label : names) {
+        EXPECT_EQ(label->text().toStdString(), widest);
+        EXPECT_LE(label->sizeHint().width(), label->width()) << "at " << label->font().pointSizeF() << " points";
+    }
 }
 
 }  // namespace

@@ -6,7 +6,7 @@ namespace platform {
 
 namespace {
 
-constexpr double kSmallestPointSize = 5.0;
+constexpr double kSmallestPointSize = 4.0;
 
 }  // namespace
 

@@ -7,7 +7,7 @@ namespace platform {
 PlatformTimer::PlatformTimer(QObject* parent) : QObject(parent) {
     clock_.setSingleShot(true);
     clock_.setTimerType(Qt::PreciseTimer);
-    connect(&clock_, &QTimer::timeout, this, &PlatformTimer::Fire);
+    connect(&clock_, &QTimer::timeout, this, &PlatformTimer::OnClock);
 }
 
 std::chrono::microseconds PlatformTimer::TickedPeriod(int milliseconds) {
@@ -42,7 +42,13 @@ void PlatformTimer::ArmForNextDue() {
     clock_.start(std::max(wait, std::chrono::milliseconds(0)));
 }
 
-void PlatformTimer::Fire() {
+bool PlatformTimer::Fire() {
+    if (!enabled_ || interval_ <= 0) return false;
+    emit Timer();
+    return true;
+}
+
+void PlatformTimer::OnClock() {
     emit Timer();
     // The handler may have stopped or restarted the timer.
     if (!enabled_ || interval_ <= 0 || clock_.isActive()) return;

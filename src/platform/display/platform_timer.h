@@ -27,13 +27,20 @@ public:
     // The period in microseconds that an interval in milliseconds gives.
     static std::chrono::microseconds TickedPeriod(int milliseconds);
 
+    // For tests: ticks once now, without waiting for the clock. When the
+    // timer is enabled with an interval above 0, emits Timer() as a tick
+    // would and returns true; otherwise does nothing and returns false. The
+    // clock's own schedule is left as it stands, unless the handler changes
+    // the timer.
+    bool Fire();
+
 signals:
     void Timer();
 
 private:
     void Start();
     void ArmForNextDue();
-    void Fire();
+    void OnClock();
 
     QTimer clock_;
     int interval_ = 0;
