@@ -7,8 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
@@ -21,20 +23,29 @@ inline void MakeDatabase(const std::string& path, const std::string& sql) {
     ASSERT_EQ(sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr), SQLITE_OK);
     ASSERT_EQ(sqlite3_key(db, "secret", 6), SQLITE_OK);
     char* message = nullptr;
-    const int code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
-    EXPECT_EQ(code, SQLITE_OK) << (message ? message : "");
+    EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
     sqlite3_free(message);
     sqlite3_close(db);
 }
 
-// Runs the statement and returns the run-time error it raised: number and
-// description, 0 and "" if none.
-template <class Statement>
-std::pair<std::int32_t, std::string> ErrorOf(Statement&& statement) {
+using Error = std::pair<std::int32_t, std::string>;
+
+// The run-time error that the statement raised, {0, ""} if none.
+inline Error ErrorOf(const std::function<void()>& statement) {
     try {
         statement();
     } catch (const platform::RuntimeError& error) {
         return {error.Number(), error.Description()};
     }
     return {0, ""};
+}
+
+// Each case must raise its error; an empty description matches any.
+inline void ExpectErrors(const std::vector<std::pair<std::function<void()>, Error>>& cases) {
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const Error raised = ErrorOf(cases[i].first);
+        const Error& expected = cases[i].second;
+        EXPECT_EQ(raised, Error(expected.first, expected.second.empty() ? raised.second : expected.second))
+            << "case " << i;
+    }
 }

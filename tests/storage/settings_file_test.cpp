@@ -43,14 +43,6 @@ protected:
                ", menus " + menus;
     }
 
-    // A save that can't open its file tells every statement that fails after it.
-    void ExpectOneMessagePerFailingStatement(const std::string& openError) {
-        std::vector<Box> expected(10, {"Ini Save Error", kExclamation, "Bad file name or number"});
-        expected[0].text = openError;
-        EXPECT_EQ(Boxes(), expected);
-        EXPECT_EQ(responder_.BeepCount(), 10);
-    }
-
     FakeSettingsForm form_;
 };
 
@@ -86,9 +78,10 @@ TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAndAKeyNotInTheFileKeepsItsValue
          "copylnk=TRUE\r\n",  // not a key of this reader
          "ids 0/12, path " + app_.Path() +
              ", window -1, sound 0, speed 2000, animals 1, music 0, copylnk 0, menus FT-TFTF"},
-        // The value follows the first equals sign, a later line wins, and
-        // only the capitals are the symbol of the program's directory.
-        {"user_id=abc\nuser_id = 7\nanimspd=40\ndb_path=apppath\nanimspd=x=3\nsoundon\n",
+        // The value follows the first equals sign, a later line wins, a line
+        // may end in LF or CR alone, and only the capitals are the symbol of
+        // the program's directory.
+        {"user_id=abc\nuser_id = 7\nanimspd=40\rdb_path=apppath\nanimspd=x=3\nsoundon\n",
          "ids 0/7, path apppath, window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -----TF"},
     };
     for (const auto& [ini, loaded] : cases) {
@@ -114,28 +107,25 @@ TEST_F(SettingsFileTest, AConversionErrorIsToldAndReadingGoesOn) {
     EXPECT_EQ(glAnimSpeed, 80000);
 }
 
-TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLf) {
+TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
     glUserId = 42;
-    glLastUserId = 7;
+    glLastUserId = 7;  // not what is written
     gsDbPath = "  /games/data  ";
     form_.windowState = 2;
-    gbSoundOn = true;
+    gbSoundOn = gbAnimalsOn = true;
     glAnimSpeed = 80999;
-    gbAnimalsOn = true;
     form_.music = false;
     storage::Ini_Save(form_);
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=42\r\ndb_path=/games/data\r\nmaxform=1\r\nsoundon=TRUE\r\nanimspd=80\r\n"
               "copylnk=FALSE\r\nanimals=TRUE\r\nmusicon=FALSE\r\n");
 
-    form_.windowState = 0;
-    gbSoundOn = false;
-    glAnimSpeed = -1500;
-    gbCopyLink = true;
-    gbAnimalsOn = false;
-    form_.music = true;
     glUserId = 0;
     gsDbPath.clear();
+    form_.windowState = 0;
+    gbSoundOn = gbAnimalsOn = false;
+    glAnimSpeed = -1500;
+    gbCopyLink = form_.music = true;
     storage::Ini_Save(form_);
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=0\r\ndb_path=\r\nmaxform=0\r\nsoundon=FALSE\r\nanimspd=-1\r\n"
@@ -143,32 +133,22 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLf) {
     EXPECT_TRUE(responder_.Events().empty());
 }
 
-TEST_F(SettingsFileTest, TheDeliveredFileResolvesToTheRealDirectoryAtTheNextSave) {
-    Deliver("dovrin.ini", app_.Path());
-    EXPECT_EQ(ReadBytes(IniFile()),
-              "[Options]\r\nuser_id=0\r\ndb_path=APPPATH\r\nmaxform=0\r\nsoundon=TRUE\r\nanimspd=80\r\n"
-              "copylnk=TRUE\r\nanimals=FALSE\r\nmusicon=TRUE\r\n");
-    form_.music = false;
-    storage::LoadSettings(form_);
-    EXPECT_EQ(Loaded(), "ids 0/0, path " + app_.Path() +
-                            ", window -1, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT");
-    storage::Ini_Save(form_);
-    EXPECT_NE(ReadBytes(IniFile()).find("\r\ndb_path=" + app_.Path() + "\r\n"), std::string::npos);
-    EXPECT_TRUE(responder_.Events().empty());
-}
-
-TEST_F(SettingsFileTest, ASaveThatCantOpenItsFileTellsEachFailingStatement) {
+TEST_F(SettingsFileTest, ASaveThatCantOpenItsFileTellsEachStatementThatFailsAfterIt) {
+    std::vector<Box> expected;
+    const auto saveFailsWith = [&](const std::string& openError) {
+        storage::Ini_Save(form_);
+        expected.push_back({"Ini Save Error", kExclamation, openError});
+        expected.insert(expected.end(), 9, {"Ini Save Error", kExclamation, "Bad file name or number"});
+        EXPECT_EQ(Boxes(), expected);
+        EXPECT_EQ(responder_.BeepCount(), static_cast<int>(expected.size()));
+    };
     std::filesystem::create_directory(IniFile());
-    storage::Ini_Save(form_);
-    ExpectOneMessagePerFailingStatement("Path/File access error");
-}
-
-TEST_F(SettingsFileTest, ASaveOverAReadOnlyFileTellsEachFailingStatement) {
-    if (::geteuid() == 0) GTEST_SKIP() << "file permissions don't bind the superuser";
+    saveFailsWith("Path/File access error");
+    if (::geteuid() == 0) return;  // file permissions don't bind the superuser
+    std::filesystem::remove(IniFile());
     WriteIni("[Options]\r\n");
     std::filesystem::permissions(IniFile(), std::filesystem::perms::owner_read);
-    storage::Ini_Save(form_);
-    ExpectOneMessagePerFailingStatement("Permission denied");
+    saveFailsWith("Permission denied");
     EXPECT_EQ(ReadBytes(IniFile()), "[Options]\r\n");
 }
 
@@ -179,29 +159,26 @@ protected:
 };
 
 TEST_F(CopyLinkOptionTest, OnlyInsideTheInstallDirectoriesIsTheFileReadAndOnlyItsKeysFolded) {
-    bool noUser = false;
-    WriteIni("copylnk=TRUE\r\nuser_id=0\r\n");
-    EXPECT_FALSE(ReadCopyLinkOption(noUser));
-    EXPECT_FALSE(noUser);
-
-    InstallHere();
-    EXPECT_TRUE(ReadCopyLinkOption(noUser));
-    EXPECT_TRUE(noUser);
-
-    std::filesystem::remove(IniFile());
-    EXPECT_FALSE(ReadCopyLinkOption(noUser));
-
-    WriteIni("COPYLNK=TRUE\r\nUser_Id=5\r\n");
-    EXPECT_TRUE(ReadCopyLinkOption(noUser));
-    EXPECT_FALSE(noUser);
-
-    WriteIni("copylnk=TRUE\r\nCopylnk=true\r\n");
-    EXPECT_FALSE(ReadCopyLinkOption(noUser));
-
-    WriteIni("[Options]\r\nuser_id=0.5\r\n");
-    noUser = true;
-    EXPECT_TRUE(ReadCopyLinkOption(noUser));  // no copylnk line
-    EXPECT_FALSE(noUser);                     // the numeric value, unrounded, isn't 0
+    struct Case {
+        bool installed;
+        const char* ini;  // nullptr: no file
+        bool noUserBefore, result, noUser;
+    };
+    for (const Case& c : std::vector<Case>{{false, "copylnk=TRUE\r\nuser_id=0\r\n", false, false, false},
+                                           {true, "copylnk=TRUE\r\nuser_id=0\r\n", false, true, true},
+                                           {true, nullptr, true, false, true},
+                                           {true, "COPYLNK=TRUE\r\nUser_Id=5\r\n", true, true, false},
+                                           {true, "copylnk=TRUE\r\nCopylnk=true\r\n", true, false, true},
+                                           // No copylnk line; the numeric value, unrounded, isn't 0.
+                                           {true, "[Options]\r\nuser_id=0.5\r\n", true, true, false}}) {
+        SCOPED_TRACE(c.ini ? c.ini : "no file");
+        if (c.installed) InstallHere();
+        std::filesystem::remove(IniFile());
+        if (c.ini) WriteIni(c.ini);
+        bool noUser = c.noUserBefore;
+        EXPECT_EQ(ReadCopyLinkOption(noUser), c.result);
+        EXPECT_EQ(noUser, c.noUser);
+    }
     EXPECT_TRUE(responder_.Events().empty());
 }
 

@@ -9,6 +9,7 @@
 #include <initializer_list>
 #include <ostream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "engine/mod_global.h"
@@ -25,9 +26,7 @@ struct Box {
     int style;
     std::string text;
 
-    bool operator==(const Box& other) const {
-        return title == other.title && style == other.style && text == other.text;
-    }
+    bool operator==(const Box& o) const { return std::tie(title, style, text) == std::tie(o.title, o.style, o.text); }
 };
 
 inline std::ostream& operator<<(std::ostream& out, const Box& box) {

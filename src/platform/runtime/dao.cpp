@@ -4,11 +4,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+#include "platform/runtime/dao_dialect.h"
 
 namespace dao {
 
@@ -30,116 +31,6 @@ struct Connection {
 
 namespace {
 
-// --- the statement's words ----------------------------------------------------
-
-struct Token {
-    enum Kind { Space, Word, Literal, Other } kind;
-    std::string_view text;
-};
-
-bool IsWordChar(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
-
-bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v'; }
-
-bool SameWord(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::toupper(static_cast<unsigned char>(x)) == std::toupper(static_cast<unsigned char>(y));
-           });
-}
-
-// Splits a statement into blanks, words, quoted parts ('text' with '' inside,
-// "text", [name]; an unclosed one runs to the end) and single characters.
-std::vector<Token> Tokenize(std::string_view sql) {
-    std::vector<Token> tokens;
-    std::size_t i = 0;
-    while (i < sql.size()) {
-        const std::size_t start = i;
-        const char c = sql[i];
-        Token::Kind kind = Token::Other;
-        if (IsSpace(c)) {
-            kind = Token::Space;
-            while (i < sql.size() && IsSpace(sql[i])) ++i;
-        } else if (IsWordChar(c)) {
-            kind = Token::Word;
-            while (i < sql.size() && IsWordChar(sql[i])) ++i;
-        } else if (c == '\'' || c == '"' || c == '[') {
-            kind = Token::Literal;
-            const char close = c == '[' ? ']' : c;
-            ++i;
-            while (i < sql.size()) {
-                if (sql[i++] != close) continue;
-                if (close != ']' && i < sql.size() && sql[i] == close) {
-                    ++i;  // a doubled quote stands for one
-                    continue;
-                }
-                break;
-            }
-        } else {
-            ++i;
-        }
-        tokens.push_back({kind, sql.substr(start, i - start)});
-    }
-    return tokens;
-}
-
-// Index of the next token after `i` that isn't blank, or tokens.size().
-std::size_t NextSignificant(const std::vector<Token>& tokens, std::size_t i) {
-    ++i;
-    while (i < tokens.size() && tokens[i].kind == Token::Space) ++i;
-    return i;
-}
-
-std::size_t FirstSignificant(const std::vector<Token>& tokens) {
-    return tokens.empty() || tokens[0].kind != Token::Space ? 0 : NextSignificant(tokens, 0);
-}
-
-bool IsWord(const std::vector<Token>& tokens, std::size_t i, std::string_view word) {
-    return i < tokens.size() && tokens[i].kind == Token::Word && SameWord(tokens[i].text, word);
-}
-
-bool IsChar(const std::vector<Token>& tokens, std::size_t i, char c) {
-    return i < tokens.size() && tokens[i].kind == Token::Other && tokens[i].text[0] == c;
-}
-
-std::string FirstWord(std::string_view sql) {
-    const auto tokens = Tokenize(sql);
-    const std::size_t first = FirstSignificant(tokens);
-    return first < tokens.size() && tokens[first].kind == Token::Word ? platform::UCase(tokens[first].text)
-                                                                      : std::string();
-}
-
-bool HasAnyWord(std::string_view sql, std::initializer_list<std::string_view> words) {
-    for (const Token& token : Tokenize(sql))
-        if (token.kind == Token::Word)
-            for (std::string_view word : words)
-                if (SameWord(token.text, word)) return true;
-    return false;
-}
-
-// The condition of a statement, as an error message quotes it: from behind
-// WHERE up to ORDER BY or the end.
-std::string WhereExpression(std::string_view sql) {
-    const auto tokens = Tokenize(sql);
-    std::size_t i = 0;
-    while (i < tokens.size() && !IsWord(tokens, i, "WHERE")) ++i;
-    if (i == tokens.size()) return {};
-    std::string expression;
-    for (i = NextSignificant(tokens, i); i < tokens.size(); ++i) {
-        if (IsWord(tokens, i, "ORDER") && IsWord(tokens, NextSignificant(tokens, i), "BY")) break;
-        expression += tokens[i].text;
-    }
-    while (!expression.empty() && (IsSpace(expression.back()) || expression.back() == ';')) expression.pop_back();
-    return expression;
-}
-
-std::string DateLiteral(double date) {
-    char text[64];
-    std::snprintf(text, sizeof text, "(%.17g)", date);
-    return text;
-}
-
 // --- errors -------------------------------------------------------------------
 
 [[noreturn]] void Fail(std::int32_t number, const std::string& description) {
@@ -148,6 +39,11 @@ std::string DateLiteral(double date) {
 
 [[noreturn]] void FailUnrecognizedFormat(const Connection& c) {
     Fail(kErrUnrecognizedFormat, "Unrecognized database format '" + c.fileName + "'.");
+}
+
+[[noreturn]] void FailInvalidStatement() {
+    Fail(kErrInvalidStatement,
+         "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
 }
 
 [[noreturn]] void FailReserved(const std::string& detail) {
@@ -190,9 +86,7 @@ std::string After(std::string_view text, std::string_view prefix) { return std::
         Fail(kErrUndefinedFunction, "Undefined function '" + c.deniedFunction + "' in expression.");
     if (!c.deniedTable.empty())
         Fail(kErrNoPermission, "You don't have the necessary permissions to use the '" + c.deniedTable + "' object.");
-    if (code == SQLITE_AUTH)
-        Fail(kErrInvalidStatement,
-             "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
+    if (code == SQLITE_AUTH) FailInvalidStatement();
     if (code != SQLITE_ERROR) FailStatus(c, code);
     const std::string message = sqlite3_errmsg(c.db);
     if (StartsWith(message, "no such table: "))
@@ -210,7 +104,7 @@ std::string After(std::string_view text, std::string_view prefix) { return std::
     if (!syntax) FailReserved(message);
     const std::string where = WhereExpression(statement);
     if (!where.empty()) Fail(kErrSyntaxInExpression, "Syntax error (missing operator) in query expression '" + where + "'.");
-    const std::string kind = FirstWord(statement);
+    const std::string kind = StatementKind(statement);
     if (kind == "SELECT")
         Fail(kErrSyntaxInSelect,
              "The SELECT statement includes a reserved word or an argument name that is misspelled or missing, "
@@ -222,24 +116,14 @@ std::string After(std::string_view text, std::string_view prefix) { return std::
 
 // --- what a statement may reach -----------------------------------------------
 
-bool IsEngineFunction(const char* name) {
-    static const char* const kFunctions[] = {"count", "min",    "max",   "sum",     "total",  "avg",
-                                             "abs",   "round",  "upper", "lower",   "length", "trim",
-                                             "ltrim", "rtrim",  "substr", "instr",  "replace", "coalesce",
-                                             "ifnull", "nullif", "typeof", "like",  "glob"};
-    for (const char* function : kFunctions)
-        if (SameWord(name, function)) return true;
-    return false;
-}
-
 bool AdmitTable(Connection& c, const char* table, const char* database) {
     const std::string name = table ? table : "";
-    if ((database && std::strcmp(database, "main") != 0) || SameWord(std::string_view(name).substr(0, 7), "sqlite_")) {
+    if ((database && std::strcmp(database, "main") != 0) || SameName(std::string_view(name).substr(0, 7), "sqlite_")) {
         c.deniedTable = name;
         return false;
     }
     if (c.table.empty()) c.table = name;
-    if (SameWord(c.table, name)) return true;
+    if (SameName(c.table, name)) return true;
     c.deniedTable = name;
     return false;
 }
@@ -283,20 +167,16 @@ int Prepare(Connection& c, std::string_view text, Statement& statement, const ch
 void CompileProgramStatement(Connection& c, const std::string& statement, Statement& compiled,
                              std::string& translated) {
     translated = TranslateStatement(statement, platform::Now());
-    const std::string kind = FirstWord(translated);
-    if (kind != "SELECT" && kind != "INSERT" && kind != "UPDATE" && kind != "DELETE")
-        Fail(kErrInvalidStatement,
-             "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'.");
+    if (!IsRunnableKind(StatementKind(translated))) FailInvalidStatement();
     const char* tail = nullptr;
     const int code = Prepare(c, translated, compiled, &tail);
     if (code != SQLITE_OK) FailCompile(c, code, statement);
     // Names the engine doesn't know are parameters, and none are given.
     if (const int parameters = sqlite3_bind_parameter_count(compiled.handle); parameters > 0)
         Fail(kErrTooFewParameters, "Too few parameters. Expected " + std::to_string(parameters) + ".");
-    const char* end = translated.data() + translated.size();
-    for (const char* p = tail; p < end; ++p)
-        if (!IsSpace(*p) && *p != ';')
-            Fail(kErrCharactersAfterEnd, "Characters found after end of SQL statement.");
+    const std::size_t compiledLength = static_cast<std::size_t>(tail - translated.data());
+    if (!OnlySeparators(std::string_view(translated).substr(compiledLength)))
+        Fail(kErrCharactersAfterEnd, "Characters found after end of SQL statement.");
 }
 
 void Bind(Connection& c, sqlite3_stmt* statement, int index, const Variant& value) {
@@ -343,17 +223,6 @@ std::string QuoteName(const std::string& name) {
     std::string quoted = "\"";
     for (char c : name) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
     return quoted + "\"";
-}
-
-std::string PasswordOf(const std::string& connect) {
-    std::size_t start = 0;
-    while (start <= connect.size()) {
-        const std::size_t end = std::min(connect.find(';', start), connect.size());
-        const std::string_view part = std::string_view(connect).substr(start, end - start);
-        if (SameWord(part.substr(0, 4), "pwd=")) return std::string(part.substr(4));
-        start = end + 1;
-    }
-    return {};
 }
 
 long long FileSize(const std::string& name) {
@@ -446,34 +315,6 @@ double Variant::ToDouble() const {
     return value;
 }
 
-// --- statements ---------------------------------------------------------------
-
-std::string TranslateStatement(std::string_view statement, double now) {
-    const auto tokens = Tokenize(statement);
-    std::string translated;
-    const std::size_t first = FirstSignificant(tokens);
-    // The star of DELETE * FROM goes.
-    const std::size_t deleteStar = IsWord(tokens, first, "DELETE") ? NextSignificant(tokens, first) : tokens.size();
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
-        if (i == deleteStar && IsChar(tokens, i, '*')) continue;
-        // The engine knows no comments: "--" is two minus signs, "/*" a
-        // division by nothing. Kept apart, neither can hide the rest.
-        if (i > 0 && ((IsChar(tokens, i, '-') && IsChar(tokens, i - 1, '-')) ||
-                      (IsChar(tokens, i, '*') && IsChar(tokens, i - 1, '/'))))
-            translated += ' ';
-        const bool isNow = IsWord(tokens, i, "Now") && !(i > 0 && IsChar(tokens, i - 1, '.'));
-        if (!isNow) {
-            translated += tokens[i].text;
-            continue;
-        }
-        translated += DateLiteral(now);
-        const std::size_t open = NextSignificant(tokens, i);
-        const std::size_t close = NextSignificant(tokens, open);
-        if (IsChar(tokens, open, '(') && IsChar(tokens, close, ')')) i = close;
-    }
-    return translated;
-}
-
 // --- Database -----------------------------------------------------------------
 
 std::unique_ptr<Database> DBEngine::OpenDatabase(const std::string& name, bool exclusive, bool readOnly,
@@ -484,7 +325,7 @@ std::unique_ptr<Database> DBEngine::OpenDatabase(const std::string& name, bool e
     const int code = sqlite3_open_v2(name.c_str(), &c->db, flags, nullptr);
     if (code == SQLITE_CANTOPEN) FailCantOpen(name);
     if (code != SQLITE_OK) FailStatus(*c, code);
-    const std::string password = PasswordOf(connect);
+    const std::string password = ConnectPassword(connect);
     if (!password.empty()) sqlite3_key(c->db, password.data(), static_cast<int>(password.size()));
     sqlite3_busy_timeout(c->db, 1000);
     sqlite3_limit(c->db, SQLITE_LIMIT_LENGTH, 1 << 20);
@@ -522,22 +363,15 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const std::string& statement,
         const char* from = sqlite3_column_table_name(compiled.handle, i);
         columns.push_back({sqlite3_column_name(compiled.handle, i), origin ? origin : "",
                            declared && platform::UCase(declared).find("DATE") != std::string::npos});
-        if (!from || (!table.empty() && !SameWord(table, from))) oneTable = false;
+        if (!from || (!table.empty() && !SameName(table, from))) oneTable = false;
         if (from && table.empty()) table = from;
     }
 
     // A dynaset over the rows of one table can be changed: it reads each
     // row's id beside the fields, from the same statement with the id in front.
-    bool updatable = type == dbOpenDynaset && oneTable &&
-                     !HasAnyWord(translated, {"DISTINCT", "GROUP", "UNION", "INTERSECT", "EXCEPT"});
+    bool updatable = type == dbOpenDynaset && oneTable && !MergesRows(translated);
     Statement withIds;
-    if (updatable) {
-        const auto tokens = Tokenize(translated);
-        const std::size_t select = FirstSignificant(tokens);
-        const std::size_t at = static_cast<std::size_t>(tokens[select].text.data() - translated.data()) + 6;
-        const std::string text = translated.substr(0, at) + " _rowid_," + translated.substr(at);
-        updatable = Prepare(c, text, withIds, nullptr) == SQLITE_OK;
-    }
+    if (updatable) updatable = Prepare(c, WithLeadingColumn(translated, "_rowid_"), withIds, nullptr) == SQLITE_OK;
     sqlite3_stmt* reader = updatable ? withIds.handle : compiled.handle;
     const int first = updatable ? 1 : 0;
 
@@ -588,7 +422,7 @@ void Recordset::MoveNext() {
 Field Recordset::Fields(const std::string& name) {
     CheckOpen();
     for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (SameWord(columns_[i].name, name)) return Field(*this, i);
+        if (SameName(columns_[i].name, name)) return Field(*this, i);
     Fail(kErrItemNotFound, "Item not found in this collection.");
 }
 

@@ -2,8 +2,9 @@
 // opened by name, recordsets over one SELECT each (updatable dynasets and
 // read-only snapshots) and statements run without a result. The statements
 // are taken as the program writes them, in the engine's dialect: DELETE *
-// FROM, Now, case-insensitive text comparisons. Every failure is a
-// platform::RuntimeError with the engine's number and description.
+// FROM, Now, case-insensitive text comparisons (dao_dialect.h translates
+// them). Every failure is a platform::RuntimeError with the engine's number
+// and description.
 //
 // One statement per call: text behind it is an error. A statement reaches one
 // table only, and only SELECT, INSERT, UPDATE and DELETE are accepted.
@@ -12,7 +13,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/runtime/runtime.h"
@@ -176,9 +176,5 @@ struct DBEngine {
     static std::unique_ptr<Database> OpenDatabase(const std::string& name, bool exclusive, bool readOnly,
                                                   const std::string& connect);
 };
-
-// The statement as the store runs it: DELETE * FROM becomes DELETE FROM, Now
-// (and Now()) becomes the date value `now`; string literals stay untouched.
-std::string TranslateStatement(std::string_view statement, double now);
 
 }  // namespace dao
