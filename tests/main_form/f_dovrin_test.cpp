@@ -67,19 +67,6 @@ protected:
 
 }  // namespace
 
-TEST_F(MainFormTest, SeatPanelsShowTheLastCardOrTheSadFace) {
-    form->ShowSeatCard(1, 48 + 2);  // King of Hearts
-    EXPECT_EQ(form->lblCardNo[1]->text(), "K");
-    EXPECT_FALSE(form->imgSuit[1]->pixmap().isNull());
-    form->ShowSeatSad(1, false);
-    EXPECT_TRUE(form->imgSad[1]->isVisibleTo(form.get()));
-    EXPECT_FALSE(form->lblCardNo[1]->isVisibleTo(form.get()));
-    EXPECT_EQ(form->lblCardNo[1]->text(), "K");  // a computer's last text stays underneath
-    EXPECT_TRUE(form->imgSuit[1]->pixmap().isNull());
-    form->ShowSeatSad(3, true);
-    EXPECT_EQ(form->lblCardNo[3]->text(), "");
-}
-
 // The Ace of Hearts flies in from the left along the row of the pot: every
 // fifth pixel and once more on its place, drawn on the screen only, over the
 // pot's label but under the buttons, until the table is drawn again.
@@ -139,37 +126,35 @@ TEST_F(MainFormTest, ARunTimeErrorThatEscapesItsHandlerStopsTheProgramWithItsBox
     EXPECT_EQ(responder.Boxes()[0].title, QApplication::applicationName().toStdString());
 }
 
+// A sound plays on crossing into a box, not while resting in it; while the
+// computers move nothing sounds and the last position stays, so the first
+// move afterwards can cross from a stale place.
 TEST_F(MainFormTest, HoverSoundsOnCrossingIntoABox) {
-    form->game().mbUserTurn = true;
-    form->miLastMouseX = 3000;
-    form->miLastMouseY = 4200;
-    form->Form_MouseMove(1000, 4200);  // from the right at Y 4200: the pot comes first
-    form->Form_MouseMove(1000, 3000);  // moving about in the pot: nothing
-    form->Form_MouseMove(1000, 4300);  // down into the fox's corner from above
-    form->Form_MouseMove(1000, 4500);  // resting in the corner: nothing
-    form->miLastMouseX = 3000;
-    form->Form_MouseMove(1000, 2505);  // from the right at Y 2505: the pot again
-    form->Form_MouseMove(1000, 3000);
-    form->Form_MouseMove(1000, 2000);  // up into the owl's corner from below
-    form->Form_MouseMove(8000, 1000);  // right into the cat's corner from the left
-    form->Form_MouseMove(8000, 3000);  // out of it: the human's corner has no box
-    form->Form_MouseMove(8000, 5000);
-    EXPECT_EQ(keys, (std::vector<std::string>{"OVERPOT", "OVERPLAYER1", "OVERPOT", "OVERPLAYER2",
-                                             "OVERPLAYER3"}));
-
-    // While the computers move nothing sounds and the last position stays,
-    // so the first move afterwards can cross from a stale place.
-    keys.clear();
-    form->game().mbUserTurn = false;
-    form->Form_MouseMove(1000, 3000);
-    EXPECT_EQ(form->miLastMouseX, 8000);
-    EXPECT_TRUE(keys.empty());
-    form->game().mbUserTurn = true;
-    form->Form_MouseMove(1000, 3000);
-    EXPECT_EQ(keys, (std::vector<std::string>{"OVERPOT"}));
+    struct Move {
+        float x, y;
+        bool userTurn;
+        const char* sound;
+    };
+    const Move moves[] = {
+        {3000, 4200, true, nullptr},        {1000, 4200, true, "OVERPOT"},  // the pot comes first on its edge
+        {1000, 3000, true, nullptr},        {1000, 4300, true, "OVERPLAYER1"},
+        {1000, 4500, true, nullptr},        {3000, 2505, true, nullptr},
+        {1000, 2505, true, "OVERPOT"},      {1000, 3000, true, nullptr},
+        {1000, 2000, true, "OVERPLAYER2"},
+        {8000, 1000, true, "OVERPLAYER3"},
+        {8000, 5000, true, nullptr},  // the human's corner has none
+        {1000, 3000, false, nullptr},       {1000, 3000, true, "OVERPOT"},
+    };
+    for (const Move& move : moves) {
+        keys.clear();
+        form->game().mbUserTurn = move.userTurn;
+        form->Form_MouseMove(move.x, move.y);
+        EXPECT_EQ(keys, move.sound ? std::vector<std::string>{move.sound} : std::vector<std::string>{})
+            << "at " << move.x << "," << move.y;
+    }
 }
 
-TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndOnlyCtrlAloneCounts) {
+TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
     QTest::keyClick(form->cmdUser, Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(modGlobal::gbAnimalsOn);
     EXPECT_FALSE(form->mnuOption[0]->isVisible());
@@ -187,16 +172,15 @@ TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndOnlyCtrlAloneCounts) {
     EXPECT_TRUE(form->MusicEnabled());
     // Switching on sounds after the option is set, switching off before.
     EXPECT_EQ(keys, (std::vector<std::string>{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
-}
 
-TEST_F(MainFormTest, EscapeAsksBeforeLeaving) {
+    // Escape alone asks before leaving; No keeps the table.
     platform::ScriptedResponder responder;
     responder.Answer(platform::kAnswerNo);
     QTest::keyClick(form->cmdUser, Qt::Key_Escape);
     ASSERT_EQ(responder.Boxes().size(), 1u);
     EXPECT_EQ(responder.Boxes()[0].text, "Are you sure you wish to exit Dovrin?");
     EXPECT_EQ(responder.Boxes()[0].title, "The Game of Dovrin");
-    EXPECT_EQ(responder.Boxes()[0].style, 36);
+    EXPECT_EQ(responder.Boxes()[0].style, platform::kYesNo | platform::kQuestion);
     EXPECT_TRUE(form->isVisible());
 }
 

@@ -104,7 +104,9 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndStillSavesTheSettings) {
     EXPECT_TRUE(responder.Boxes().empty());
 }
 
-TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgain) {
+// A new user's game; New Game starts it again, but not while the fanfare
+// has locked the menus, their keys included, until the unload lifts the lock.
+TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgainUnlessTheMenusAreLocked) {
     FDovrin form;
     StartAsNewUser(form, "Newcomer");
     EXPECT_EQ(form.lblPlayer[3]->text().toStdString(), "Newcomer");
@@ -120,6 +122,21 @@ TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgain) {
     EXPECT_EQ(game.miMoney3, 195);  // the computers may have paid already, the human not
     EXPECT_EQ(game.miMoney0 + game.miMoney1 + game.miMoney2 + game.miMoney3 + game.miPot, 800);
     EXPECT_EQ(game.maCardsLeft[3], 13);
+
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    const auto newGameKey = [&] { QTest::keyClick(form.windowHandle(), Qt::Key_N, Qt::ControlModifier); };
+    modGlobal::SetMenusEnabled(false);
+    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
+        EXPECT_FALSE(menu->menuAction()->isEnabled());
+    form.game().miHandNo = 2;
+    newGameKey();
+    EXPECT_EQ(form.game().miHandNo, 2);
+    form.Form_QueryUnload();
+    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
+        EXPECT_TRUE(menu->menuAction()->isEnabled());
+    newGameKey();
+    EXPECT_EQ(form.game().miHandNo, 0);
 }
 
 TEST_F(StartUpTest, NeitherDatabaseFileEndsTheLoadAfterTwoMessagesAndWritesNothing) {
@@ -192,25 +209,4 @@ TEST_F(StartUpTest, AMissingCardDeckEndsTheLoadWithAnEmptyMessage) {
     EXPECT_EQ(responder.Boxes()[0].text, "");
     EXPECT_EQ(responder.Boxes()[0].title, "Error Loading Program");
     EXPECT_EQ(responder.BeepCount(), 1);
-}
-
-TEST_F(StartUpTest, TheFanfaresLockOfTheMenusTakesTheirKeysTooAndTheUnloadLiftsIt) {
-    FDovrin form;
-    StartAsNewUser(form, "Locked Out");
-    form.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    const auto newGameKey = [&] { QTest::keyClick(form.windowHandle(), Qt::Key_N, Qt::ControlModifier); };
-
-    modGlobal::SetMenusEnabled(false);
-    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
-        EXPECT_FALSE(menu->menuAction()->isEnabled());
-    form.game().miHandNo = 2;
-    newGameKey();
-    EXPECT_EQ(form.game().miHandNo, 2);  // no new game
-
-    form.Form_QueryUnload();
-    for (QMenu* menu : {form.mnuFileH, form.mnuUserH, form.mnuOptionH, form.mnuHelpH})
-        EXPECT_TRUE(menu->menuAction()->isEnabled());
-    newGameKey();
-    EXPECT_EQ(form.game().miHandNo, 0);
 }
