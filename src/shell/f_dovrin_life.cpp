@@ -75,18 +75,17 @@ void FDovrin::Form_Activate() {
     if (gbDbFailed) {
         // The database went away under the user form: the default one may
         // take over, and the user chooses again there.
-        if (!gbDbSwitched) platform::EndProgramNow();
-        gbDbFailed = false;
-        gbDbSwitched = false;
-        gsDbPath = platform::AppPath();
-        userTag_.clear();
-        ShowUserName("E&xit");
-        if (gbDbFailed) platform::EndProgramNow();
+        FallBackToDefaultDatabase(
+            [this] {
+                userTag_.clear();
+                ShowUserName("E&xit");
+            },
+            RepeatFailure::EndsProgram);
     }
     const std::string tag = userTag_;
     mbActivated = true;
     if (tag == "X")
-        UnloadMainForm();
+        Unload();
     else
         StartGame(true);
 }

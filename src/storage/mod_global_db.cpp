@@ -98,12 +98,21 @@ void IsValidPath(std::int32_t plErrNum, const std::string& psErrDesc, const std:
 }
 
 void RecoverDatabase() {
+    FallBackToDefaultDatabase(
+        [] {
+            if (!gChangeUser) throw std::logic_error("RecoverDatabase: the main form has installed no ChangeUser");
+            gChangeUser(true);
+        },
+        RepeatFailure::RecoversAgain);
+}
+
+void FallBackToDefaultDatabase(const std::function<void()>& repeat, RepeatFailure onFailure) {
     if (!gbDbSwitched) EndProgramNow();
     gbDbFailed = false;
     gbDbSwitched = false;
     gsDbPath = AppPath();
-    if (!gChangeUser) throw std::logic_error("RecoverDatabase: the main form has installed no ChangeUser");
-    gChangeUser(true);
+    repeat();
+    if (gbDbFailed && onFailure == RepeatFailure::EndsProgram) EndProgramNow();
 }
 
 void SetChangeUserHook(std::function<void(bool)> changeUser) { gChangeUser = std::move(changeUser); }

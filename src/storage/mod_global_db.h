@@ -26,6 +26,18 @@ void IsValidPath(std::int32_t plErrNum, const std::string& psErrDesc, const std:
 // database; else switches to it and lets the user choose again.
 void RecoverDatabase();
 
+// What a repeat on the default database does when it fails again.
+enum class RepeatFailure {
+    EndsProgram,    // the program ends at once
+    RecoversAgain,  // the repeat has run a recovery of its own
+};
+
+// The fall-back to the program's own database after a failed open, one for
+// every place that takes it: ends the program at once unless IsValidPath
+// found the default database; else clears both flags, points gsDbPath at the
+// application path and repeats there what failed.
+void FallBackToDefaultDatabase(const std::function<void()>& repeat, RepeatFailure onFailure);
+
 // ChangeUser of the main form, which RecoverDatabase calls with true. The
 // main form installs it.
 void SetChangeUserHook(std::function<void(bool pbFirst)> changeUser);

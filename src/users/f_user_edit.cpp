@@ -42,6 +42,7 @@ FUserEdit::FUserEdit(QWidget* parent)
     for (int i = 0; i < 4; ++i) {
         txtUser[i] = new QLineEdit(this);
         txtUser[i]->setGeometry(TwipsRect(kEntryLeft, kUserTops[i], kEntryWidth, kEntryHeight));
+        users::UseNameFont(*txtUser[i]);
         txtUser[i]->installEventFilter(this);
     }
 
@@ -67,7 +68,11 @@ FUserEdit::FUserEdit(QWidget* parent)
 
     imgHelp = new HelpImage(this);
     imgHelp->setGeometry(TwipsRect(3300, 2115, 420, 420));
-    connect(imgHelp, &HelpImage::clicked, this, [this] { users::ShowHelpFor("FUserEdit", this); });
+    connect(imgHelp, &HelpImage::clicked, this, [this] {
+        users::ShowHelpFor("FUserEdit", this);
+        // The help form covered this one: its closing activates this one again.
+        Form_Activate();
+    });
 
     Form_Load();
 }
@@ -78,13 +83,13 @@ void FUserEdit::Form_Load() {
     EnableUserForm(false);
 }
 
+// The first activation comes with the showing; a window restored from the
+// task bar shows again without one.
 void FUserEdit::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (mbActivated) return;
-    mbActivated = true;
     // Queued: a form that closes while it is being shown would leave its
     // modal loop waiting.
-    QMetaObject::invokeMethod(this, &FUserEdit::Form_Activate, Qt::QueuedConnection);
+    if (!event->spontaneous()) QMetaObject::invokeMethod(this, &FUserEdit::Form_Activate, Qt::QueuedConnection);
 }
 
 void FUserEdit::Form_Activate() {

@@ -51,7 +51,6 @@ private:
     std::int32_t mlSaveId = 0;
     std::string msSaveName, msSaveOpp1, msSaveOpp2, msSaveOpp3;
 
-    bool mbActivated = false;
     bool mbMouseDown = false;
     users::ControlFocus focus_;
 };

@@ -45,6 +45,7 @@ FUserName::FUserName(QWidget* parent)
     cboUser->setEditable(true);
     cboUser->setInsertPolicy(QComboBox::NoInsert);
     cboUser->setCompleter(nullptr);
+    users::UseNameFont(*cboUser->lineEdit());
     // A typed name is a new name or a rename: the list must not pick the
     // entry it happens to match when the typing ends.
     disconnect(cboUser->lineEdit(), &QLineEdit::editingFinished, cboUser, nullptr);
@@ -55,6 +56,7 @@ FUserName::FUserName(QWidget* parent)
     for (int i = 1; i <= 3; ++i) {
         txtPlayer[i] = new QLineEdit(this);
         txtPlayer[i]->setGeometry(TwipsRect(kEntryLeft, kPlayerTops[i], kEntryWidth, kEntryHeight));
+        users::UseNameFont(*txtPlayer[i]);
         txtPlayer[i]->installEventFilter(this);
     }
 
@@ -72,7 +74,11 @@ FUserName::FUserName(QWidget* parent)
 
     imgHelp = new HelpImage(this);
     imgHelp->setGeometry(TwipsRect(3480, 2115, 420, 420));
-    connect(imgHelp, &HelpImage::clicked, this, [this] { users::ShowHelpFor("FUserName", this); });
+    connect(imgHelp, &HelpImage::clicked, this, [this] {
+        users::ShowHelpFor("FUserName", this);
+        // The help form covered this one: its closing activates this one again.
+        Form_Activate();
+    });
 
     Form_Load();
 }
@@ -81,24 +87,17 @@ void FUserName::Form_Load() {
     CenterForm(*this);
     GetPlayerData();
     if (goMainForm && Trim(goMainForm->UserTag()) == "CHANGE") cmdUserName[1]->setText(QStringLiteral("&Cancel"));
-    if (gbDbFailed) {
-        if (!gbDbSwitched) platform::EndProgramNow();
-        gbDbFailed = false;
-        gbDbSwitched = false;
-        gsDbPath = platform::AppPath();
-        GetPlayerData();
-        if (gbDbFailed) platform::EndProgramNow();
-    }
+    if (gbDbFailed) FallBackToDefaultDatabase([this] { GetPlayerData(); }, RepeatFailure::EndsProgram);
     if (!mbNoUsers)
         for (const UserRecord& user : muUsers) users::AddSorted(*cboUser, Trim(user.name), user.userid);
     users::AddSorted(*cboUser, users::kNewUserEntry, kNewUserId);
 }
 
+// The first activation comes with the showing; a window restored from the
+// task bar shows again without one.
 void FUserName::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (mbActivated) return;
-    mbActivated = true;
-    QMetaObject::invokeMethod(this, &FUserName::Form_Activate, Qt::QueuedConnection);
+    if (!event->spontaneous()) QMetaObject::invokeMethod(this, &FUserName::Form_Activate, Qt::QueuedConnection);
 }
 
 void FUserName::Form_Activate() {

@@ -71,6 +71,5 @@ private:
     std::int16_t miEdGames = 0;
     std::int32_t mlEdWins = 0;
 
-    bool mbActivated = false;
     users::ControlFocus focus_;
 };

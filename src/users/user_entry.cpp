@@ -5,9 +5,13 @@
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include "engine/mod_global.h"
+#include "platform/display/name_font.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 #include "table/main_form_link.h"
@@ -17,6 +21,25 @@ using platform::kCrLf;
 namespace users {
 
 namespace {
+
+constexpr double kDesignPointSize = 8.0;
+// A line edit leaves this much room on either side of its text.
+constexpr int kLineEditMargin = 2;
+// The cursor's pixel behind the last character counts to the text's width.
+constexpr int kCursorWidth = 1;
+
+// The width a line edit's text may take before it scrolls: the inside of its
+// frame, less the text margins and the edit's own margins.
+int TextRoom(const QLineEdit& box) {
+    QStyleOptionFrame frame;
+    frame.initFrom(&box);
+    frame.rect = box.contentsRect();
+    frame.lineWidth = box.hasFrame() ? box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, &box) : 0;
+    frame.state |= QStyle::State_Sunken;
+    const QRect inside =
+        box.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &box).marginsRemoved(box.textMargins());
+    return inside.width() - 2 * kLineEditMargin - kCursorWidth;
+}
 
 // The keys that reach a KeyPress handler are those that type a character:
 // Tab moves the focus and Delete edits without one.
@@ -35,6 +58,12 @@ int SortedPlace(int count, const std::function<QString(int)>& textAt, const QStr
 
 bool DropsKey(const QString& boxText, const QKeyEvent& key) {
     return boxText.size() >= kMaxNameLength && TypesCharacter(key) && key.key() != Qt::Key_Backspace;
+}
+
+void UseNameFont(QLineEdit& box) {
+    const auto fit = [&box] { box.setFont(platform::NameFontToFit(box.text(), TextRoom(box), kDesignPointSize)); };
+    fit();
+    QObject::connect(&box, &QLineEdit::textChanged, &box, fit);
 }
 
 ControlFocus::Change ControlFocus::OnFocusEvent(QObject* control, const QFocusEvent& event) {

@@ -11,6 +11,7 @@
 class QComboBox;
 class QFocusEvent;
 class QKeyEvent;
+class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QObject;
@@ -29,6 +30,11 @@ inline constexpr int kMaxNameLength = 12;
 // key but Backspace is dropped, Enter and Escape included; a selection in
 // the box doesn't count.
 bool DropsKey(const QString& boxText, const QKeyEvent& key);
+
+// Gives a name box the name face, refitted as the text changes: the form's
+// size for a name that fits, smaller for a wide one, so that any name the
+// forms accept shows whole without scrolling.
+void UseNameFont(QLineEdit& box);
 
 // Which control of a form holds the focus, as its GotFocus and LostFocus
 // handlers see it. The focus stays with a control while the window is

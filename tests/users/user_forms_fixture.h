@@ -6,10 +6,11 @@
 #define SQLITE_HAS_CODEC 1
 #include <sqlcipher/sqlite3.h>
 
+#include <QAbstractItemModel>
 #include <QApplication>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <QWidget>
 
 #include <array>
 #include <string>
@@ -38,7 +39,7 @@ public:
     std::string winningsCaption;
 };
 
-// A user is written and read as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
+// A user is read as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
 class UserFormTest : public DeliveredDbTest {
 protected:
     void SetUp() override {
@@ -51,19 +52,8 @@ protected:
         DeliveredDbTest::TearDown();
     }
 
-    static void AddUser(const std::string& user) {
-        std::string values;
-        std::size_t start = 0;
-        for (int field = 0; field < 8; ++field) {
-            const std::size_t bar = user.find('|', start);
-            const std::string value = user.substr(start, bar - start);
-            const bool text = field >= 1 && field <= 5;
-            values += (field ? ", " : "") + (text ? "'" + value + "'" : value);
-            start = bar + 1;
-        }
-        Open()->Execute("INSERT INTO user (userid, name, player1, player2, player3, skilllevel, numgames, winnings) "
-                        "VALUES (" + values + ")");
-    }
+    // Rows as SQL values, "(3, 'Ann', 'Lu', 'Mo', 'Ned', 'Easy', 0, 0)", in the order of the fields.
+    static void AddUsers(const std::string& rows) { Open()->Execute("INSERT INTO user VALUES " + rows); }
 
     static Strings Users() {
         return Rows("SELECT * FROM user ORDER BY userid",
@@ -76,8 +66,6 @@ protected:
                gsOpponent3 + "|" + gsSkillLevel + "|" + std::to_string(giNumGames) + "|" + std::to_string(glWinnings);
     }
 
-    static std::string NextUserId() { return Rows("SELECT nextuserid FROM system", {"nextuserid"}).at(0); }
-
     // The table user vanishes from the file: its selects fail, the file opens.
     static void DropUserTable() {
         sqlite3* db = nullptr;
@@ -87,7 +75,12 @@ protected:
         sqlite3_close(db);
     }
 
-    static void RemoveDatabaseFile() { std::filesystem::remove(storage::DbFileName()); }
+    // Types over the whole text of a box, as a user would.
+    static void Type(QWidget* box, const QString& text) {
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(box, text);
+    }
 
     // Shows the form as the active window and lets its activation run.
     static void ShowActive(QWidget& form) {
@@ -98,17 +91,21 @@ protected:
     }
 
     // Clicks the help image and closes the help form it opens with its
-    // visible OK; the help form's caption, empty when none opened.
-    static QString OpenAndCloseHelp(HelpImage* image) {
-        QString caption;
-        QTimer::singleShot(0, [&caption] {
-            auto* help = qobject_cast<FHelp*>(QApplication::activeModalWidget());
-            if (!help) return;
-            caption = help->windowTitle();
-            (help->cmdOK->isVisible() ? help->cmdOK : help->cmdOK2)->click();
+    // visible OK.
+    static void OpenAndCloseHelp(HelpImage* image) {
+        QTimer::singleShot(0, [] {
+            if (auto* help = qobject_cast<FHelp*>(QApplication::activeModalWidget()))
+                (help->cmdOK->isVisible() ? help->cmdOK : help->cmdOK2)->click();
         });
         QTest::mouseClick(image, Qt::LeftButton);
-        return caption;
+    }
+
+    // The texts of a list's entries in their order.
+    template <typename List>
+    static QStringList Entries(const List& list) {
+        QStringList texts;
+        for (int row = 0; row < list.count(); ++row) texts << list.model()->index(row, 0).data().toString();
+        return texts;
     }
 
     RecordingMainForm mainForm_;
