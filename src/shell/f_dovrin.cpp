@@ -135,6 +135,7 @@ void FDovrin::CreateControls() {
         lblPlayer[seat]->setFont(platform::NameFont(kNamePointSize, true));
         lblPlayer[seat]->setStyleSheet(QStringLiteral("color: #000080; background: transparent;"));
         lblPlayer[seat]->setAttribute(Qt::WA_TransparentForMouseEvents);
+        lblPlayer[seat]->setContentsMargins(3, 0, 3, 0);  // a name keeps clear of the plate's rounded ends
 
         lblCardNo[seat] = BoxedLabel(
             canvas_, TwipsRect(kLblCardNo[seat].left, kLblCardNo[seat].top, 495, 450), 13.5,
