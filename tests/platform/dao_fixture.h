@@ -15,8 +15,6 @@
 #include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
 
-inline constexpr char kTestConnect[] = ";pwd=secret";
-
 // Creates an encrypted file with the key "secret" and runs `sql` in it.
 inline void MakeDatabase(const std::string& path, const std::string& sql) {
     sqlite3* db = nullptr;
@@ -30,22 +28,16 @@ inline void MakeDatabase(const std::string& path, const std::string& sql) {
 
 using Error = std::pair<std::int32_t, std::string>;
 
-// The run-time error that the statement raised, {0, ""} if none.
-inline Error ErrorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const platform::RuntimeError& error) {
-        return {error.Number(), error.Description()};
-    }
-    return {0, ""};
-}
-
-// Each case must raise its error; an empty description matches any.
+// Each statement must raise its run-time error; an empty description matches any.
 inline void ExpectErrors(const std::vector<std::pair<std::function<void()>, Error>>& cases) {
     for (std::size_t i = 0; i < cases.size(); ++i) {
-        const Error raised = ErrorOf(cases[i].first);
-        const Error& expected = cases[i].second;
-        EXPECT_EQ(raised, Error(expected.first, expected.second.empty() ? raised.second : expected.second))
-            << "case " << i;
+        Error raised;
+        try {
+            cases[i].first();
+        } catch (const platform::RuntimeError& error) {
+            raised = {error.Number(), error.Description()};
+        }
+        const auto& [number, description] = cases[i].second;
+        EXPECT_EQ(raised, Error(number, description.empty() ? raised.second : description)) << "case " << i;
     }
 }

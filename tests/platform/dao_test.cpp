@@ -22,16 +22,8 @@ protected:
     }
 
     std::unique_ptr<Database> Open(bool readOnly = false, const std::string& file = {},
-                                   const std::string& connect = kTestConnect) {
+                                   const std::string& connect = ";pwd=secret") {
         return DBEngine::OpenDatabase(file.empty() ? name_ : file, false, readOnly, connect);
-    }
-
-    // The names of table person, in the order of their ids.
-    std::vector<std::string> Names() {
-        auto rs = Open()->OpenRecordset("SELECT name FROM person ORDER BY id", dbOpenSnapshot);
-        std::vector<std::string> names;
-        for (; !rs->Eof(); rs->MoveNext()) names.push_back(rs->Fields("name").Value().ToString());
-        return names;
     }
 
     TempDir dir_;
@@ -69,7 +61,6 @@ TEST_F(DaoTest, OpenFailuresCarryTheEnginesNumbersAndDescriptions) {
          {3044, "'" + gone + "' isn't a valid path. Make sure that the path name is spelled correctly and that you "
                              "are connected to the server on which the file resides."}},
         {[&] { Open(false, name_, ";pwd=wrong"); }, {3031, "Not a valid password."}},
-        {[&] { Open(false, name_, ""); }, {3031, ""}},
         {openOther("This is a letter.\r\n"), {3343, "Unrecognized database format '" + other + "'."}},
         {openOther(""), {3343, ""}},
         {openOther(whole.substr(0, whole.size() - 1024)), {3343, ""}},
@@ -77,10 +68,10 @@ TEST_F(DaoTest, OpenFailuresCarryTheEnginesNumbersAndDescriptions) {
     });
 }
 
-TEST_F(DaoTest, ADynasetAddsAndEditsRowsOutlivingItsDatabaseReference) {
-    auto db = Open();
-    auto rs = db->OpenRecordset("SELECT * FROM person WHERE id >= 2");
-    db.reset();
+// The engine's own words: "DELETE *", "--" as two minus signs, Now, and a
+// separator with nothing behind it.
+TEST_F(DaoTest, RowsChangeThroughADynasetOutlivingItsDatabaseAndThroughStatementsInTheEnginesWords) {
+    auto rs = Open()->OpenRecordset("SELECT * FROM person WHERE id >= 2");
     rs->Edit();
     rs->Fields("NAME") = "Bobby";
     rs->Update();
@@ -92,12 +83,20 @@ TEST_F(DaoTest, ADynasetAddsAndEditsRowsOutlivingItsDatabaseReference) {
     rs->MoveNext();
     EXPECT_TRUE(rs->Eof() && !rs->Bof());
 
-    auto added = Open()->OpenRecordset("SELECT * FROM person WHERE id >= 2 ORDER BY id", dbOpenSnapshot);
-    EXPECT_EQ(added->Fields("name").Value().ToString(), "Bobby");
-    added->MoveNext();
-    EXPECT_EQ(added->Fields("born").Value().GetKind(), Variant::Kind::Date);
-    EXPECT_EQ(added->Fields("born").Value().ToString(), "2023-03-16 18:00:00");
-    EXPECT_TRUE(added->Fields("name").Value().IsNull());
+    auto db = Open();
+    EXPECT_EQ(db->OpenRecordset("SELECT 5--3 AS n FROM other")->Fields("n").Value().ToInt16(), 8);
+    db->Execute("DELETE * FROM person where id = 1");
+    const double before = platform::Now();
+    db->Execute("INSERT INTO person (id, born) VALUES (9, Now)");
+    db->Execute("DELETE FROM other ; ");
+    EXPECT_TRUE(db->OpenRecordset("SELECT * FROM other")->Eof());
+    auto rows = db->OpenRecordset("SELECT * FROM person ORDER BY id", dbOpenSnapshot);
+    EXPECT_EQ(rows->Fields("name").Value().ToString(), "Bobby");
+    rows->MoveNext();
+    EXPECT_EQ(rows->Fields("born").Value().ToString(), "2023-03-16 18:00:00");  // read back as a date
+    EXPECT_TRUE(rows->Fields("name").Value().IsNull());
+    rows->MoveNext();
+    EXPECT_NEAR(rows->Fields("born").Value().ToDouble(), before, 2.0 / 86400);
 }
 
 TEST_F(DaoTest, WhatTheEngineRefusesFailsWithItsNumberAndDescription) {
@@ -129,11 +128,9 @@ TEST_F(DaoTest, WhatTheEngineRefusesFailsWithItsNumberAndDescription) {
         {[&] { rs->Close(); rs->Eof(); }, {3420, "Object invalid or no longer set."}},
         {[&] { Variant().ToString(); }, {94, "Invalid use of Null"}},
         {[&] { Variant("12abc").ToInt32(); }, {13, "Type mismatch"}},
-        {[&] { Variant(std::int64_t{40000}).ToInt16(); }, {6, "Overflow"}},
         // One statement per call, on one table; and what doesn't compile.
         {execute("DELETE FROM other; DELETE FROM person"), {3142, "Characters found after end of SQL statement."}},
         {execute("DELETE FROM person -- all of them"), {3131, "Syntax error in FROM clause."}},
-        {execute("DELETE FROM person /* all of them */"), {3131, ""}},
         {select("SELECT * FROM person WHERE name='' OR (SELECT x FROM other)"),
          {3033, "You don't have the necessary permissions to use the 'other' object."}},
         {select("SELECT * FROM sqlite_master"), {3033, ""}},
@@ -150,27 +147,11 @@ TEST_F(DaoTest, WhatTheEngineRefusesFailsWithItsNumberAndDescription) {
         {select("SELECT randomblob(9) FROM person"), {3085, "Undefined function 'randomblob' in expression."}},
         {execute("PRAGMA key='x'"),
          {3129, "Invalid SQL statement; expected 'DELETE', 'INSERT', 'PROCEDURE', 'SELECT', or 'UPDATE'."}},
-        {execute("WITH a AS (SELECT 1) SELECT * FROM a"), {3129, ""}},
         {execute("SELECT * FROM person"), {3065, "Cannot execute a select query."}},
         {select("DELETE FROM person"), {3219, "Invalid operation."}},
     });
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Ann", "Bob"}));
-    EXPECT_FALSE(db->OpenRecordset("SELECT * FROM other")->Eof());
+    EXPECT_FALSE(db->OpenRecordset("SELECT * FROM other")->Eof());  // not even the first of two statements ran
     EXPECT_EQ(Variant(std::string(" 12 ")).ToInt16(), 12);
-    EXPECT_EQ(Variant(2.5).ToInt32(), 2);
-}
-
-TEST_F(DaoTest, TheEnginesOwnWordsRun) {
-    auto db = Open();
-    EXPECT_EQ(db->OpenRecordset("SELECT 5--3 AS n FROM other")->Fields("n").Value().ToInt16(), 8);
-    db->Execute("DELETE * FROM person where id = 1");
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Bob"}));
-    const double before = platform::Now();
-    db->Execute("INSERT INTO person (id, born) VALUES (9, Now)");
-    EXPECT_NEAR(db->OpenRecordset("SELECT born FROM person WHERE id = 9")->Fields("born").Value().ToDouble(), before,
-                2.0 / 86400);
-    db->Execute("DELETE FROM other ; ");  // a separator with nothing behind it
-    EXPECT_TRUE(db->OpenRecordset("SELECT * FROM other")->Eof());
 }
 
 }  // namespace

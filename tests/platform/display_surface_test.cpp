@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QSvgRenderer>
 #include <QWidget>
 
 #include <gtest/gtest.h>
 
+#include "platform/display/card_library.h"
 #include "platform/display/form_surface.h"
 
 namespace {
@@ -59,19 +61,42 @@ TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAtOnceAndAnExposeRefreshOrCls
 
     // Cls paints the picture over the back colour, on both images.
     form.surface.SetAutoRedraw(true);
-    const QColor pictureColour(0, 0, 200);
     QPixmap picture(20, 10);
-    picture.fill(pictureColour);
+    picture.fill(Qt::blue);
     form.surface.SetPicture(picture);
     form.DrawInk(QRect(0, 0, 64, 48));
     form.surface.Cls();
     for (const QImage* image : {&form.surface.RetainedImage(), &form.surface.ScreenImage()}) {
-        EXPECT_EQ(At(*image, 19, 9), pictureColour);
+        EXPECT_EQ(At(*image, 19, 9), QColor(Qt::blue));
         EXPECT_EQ(At(*image, 20, 5), kBack);
         EXPECT_EQ(At(*image, 5, 10), kBack);
     }
     form.surface.SetPicture(QPixmap());
     EXPECT_EQ(form.Retained(5, 5), kBack);
+}
+
+TEST(CardLibrary, DrawsEachFaceOfTheStandardDeckAtItsPositionAndNothingOnceTheDeckIsMissing) {
+    EXPECT_EQ(platform::CardElementId(41), "jack_diamond");
+    QSvgRenderer deck(QStringLiteral("/usr/share/carddecks/svg-standard/standard.svgz"));
+    for (int card = 0; card < 52; ++card) EXPECT_TRUE(deck.elementExists(platform::CardElementId(card))) << card;
+
+    platform::FormSurface surface(nullptr, QSize(200, 150), kBack);
+    const QImage& drawn = surface.RetainedImage();
+    std::int32_t width = 0, height = 0;
+    ASSERT_NE(platform::cdtInit(width, height), 0);
+    for (const auto& [card, mode] : {std::pair{52, 0}, {-1, 0}, {0, 1}})
+        EXPECT_EQ(platform::cdtDraw(surface, 0, 0, card, mode, 0), 0) << card << " " << mode;
+    EXPECT_NE(platform::cdtDraw(surface, 20, 30, 51, 0, 0), 0);
+    EXPECT_EQ(At(drawn, 20 + width / 2, 30 + 2), QColor(Qt::white));  // the face's top edge
+    EXPECT_EQ(At(drawn, 20 + width, 60), kBack);
+    EXPECT_EQ(At(drawn, 50, 30 + height), kBack);
+    EXPECT_EQ(At(drawn, 10, 10), kBack);
+
+    // The faces already loaded go with a deck that can't be.
+    platform::SetCardDeckFile(QStringLiteral("/nonexistent/deck.svgz"));
+    EXPECT_EQ(platform::cdtInit(width, height), 0);
+    EXPECT_EQ(platform::cdtDraw(surface, 10, 10, 0, 0, 0), 0);
+    platform::SetCardDeckFile(QString());
 }
 
 }  // namespace

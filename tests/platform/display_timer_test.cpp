@@ -1,4 +1,6 @@
 #include <chrono>
+#include <map>
+#include <string>
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -15,36 +17,27 @@ using platform::PlatformTimer;
 namespace {
 
 TEST(PlatformTimer, IntervalsRoundUpToWholeTicksOfTheDesktopsClock) {
-    for (const auto& [interval, period] : {std::pair{0, 0us}, {-5, 0us}, {1, 15625us}, {15, 15625us}, {16, 31250us},
-                                           {70, 78125us}, {500, 500000us}, {5000, 5000000us}})
+    for (const auto& [interval, period] : {std::pair{0, 0us}, {-5, 0us}, {1, 15625us}, {16, 31250us}, {500, 500000us}})
         EXPECT_EQ(PlatformTimer::TickedPeriod(interval), period) << interval;
 }
 
 // The clock's order, not its speed: a short interval comes round before a
 // long one, and the timers that may not tick never do.
 TEST(PlatformTimer, OnlyAnEnabledTimerWithAnIntervalTicksAHandlerCanStopItAndDoEventsWaitsForTicks) {
-    PlatformTimer zero, disabled, once, fast, slow;
-    int silentTicks = 0, onceTicks = 0, fastTicks = 0, slowTicks = 0;
-    for (PlatformTimer* timer : {&zero, &disabled})
-        QObject::connect(timer, &PlatformTimer::Timer, [&] { ++silentTicks; });
-    QObject::connect(&once, &PlatformTimer::Timer, [&] {
-        ++onceTicks;
-        once.SetEnabled(false);
-    });
-    QObject::connect(&fast, &PlatformTimer::Timer, [&] { ++fastTicks; });
-    QObject::connect(&slow, &PlatformTimer::Timer, [&] { ++slowTicks; });
-    disabled.SetEnabled(false);
-    for (PlatformTimer* timer : {&disabled, &once, &fast}) timer->SetInterval(1);
+    PlatformTimer zero, off, once, slow;
+    std::map<std::string, int> ticks;
+    for (const auto& [timer, name] : {std::pair{&zero, "zero"}, {&off, "off"}, {&once, "once"}, {&slow, "slow"}})
+        QObject::connect(timer, &PlatformTimer::Timer, [&ticks, name = name] { ++ticks[name]; });
+    QObject::connect(&once, &PlatformTimer::Timer, [&once] { once.SetEnabled(false); });
+    off.SetEnabled(false);
+    for (PlatformTimer* timer : {&off, &once}) timer->SetInterval(1);
     slow.SetInterval(100);
 
     // Each spin waits for the next event; spins that burnt the processor
     // would run out long before the slow timer came round.
     int spins = 0;
-    for (; slowTicks == 0 && spins < 1000; ++spins) platform::DoEvents();
-    ASSERT_EQ(slowTicks, 1) << spins << " spins";
-    EXPECT_GE(fastTicks, 1);
-    EXPECT_EQ(silentTicks, 0);
-    EXPECT_EQ(onceTicks, 1);
+    for (; ticks["slow"] == 0 && spins < 1000; ++spins) platform::DoEvents();
+    EXPECT_EQ(ticks, (std::map<std::string, int>{{"once", 1}, {"slow", 1}})) << spins << " spins";
 }
 
 TEST(CountingWait, WaitsAtLeastFiftyNanosecondsPerCountAndHandlesNoEventsMeanwhile) {

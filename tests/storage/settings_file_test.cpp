@@ -47,21 +47,18 @@ protected:
 };
 
 TEST_F(SettingsFileTest, AMissingFileGivesOneWarningAndAllTheDefaults) {
-    glAnimSpeed = 5;
-    gsDbPath = "/elsewhere";
     form_.music = false;
     storage::LoadSettings(form_);
 
-    const auto& events = responder_.Events();
-    ASSERT_EQ(events.size(), 2u);
-    EXPECT_EQ(events[0].kind, platform::ScriptedResponder::Event::Beep);
+    EXPECT_EQ(responder_.BeepCount(), 1);
     EXPECT_EQ(Boxes(), (std::vector<Box>{{"The Dovrin Game", kExclamation,
                                           IniFile() + " not found!\r\nLoading DOVRIN using defaults."}}));
     EXPECT_EQ(Loaded(), "ids 0/0, path " + app_.Path() +
                             ", window 0, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT");
 }
 
-TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAndAKeyNotInTheFileKeepsItsValue) {
+// A conversion error is told with a beep, and the value it was for kept.
+TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAKeyNotInTheFileKeepsItsValueAndReadingGoesOnPastAnError) {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"[Options]\r\n",
          "ids 0/0, path , window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -------"},
@@ -83,6 +80,8 @@ TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAndAKeyNotInTheFileKeepsItsValue
         // the program's directory.
         {"user_id=abc\nuser_id = 7\nanimspd=40\rdb_path=apppath\nanimspd=x=3\nsoundon\n",
          "ids 0/7, path apppath, window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -----TF"},
+        {"user_id=7\r\nanimspd=3000000\r\nuser_id=1e12\r\nsoundon=TRUE\r\nanimspd=80\r\n",
+         "ids 0/7, path , window -1, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus -----FT"},
     };
     for (const auto& [ini, loaded] : cases) {
         SCOPED_TRACE(ini);
@@ -92,19 +91,8 @@ TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAndAKeyNotInTheFileKeepsItsValue
         storage::LoadSettings(form_);
         EXPECT_EQ(Loaded(), loaded);
     }
-    EXPECT_TRUE(responder_.Events().empty());
-}
-
-TEST_F(SettingsFileTest, AConversionErrorIsToldAndReadingGoesOn) {
-    glAnimSpeed = 5000;
-    glLastUserId = 3;
-    WriteIni("animspd=3000000\r\nuser_id=1e12\r\nsoundon=TRUE\r\nanimspd=80\r\n");
-    storage::Ini_Load(IniFile(), form_);
     EXPECT_EQ(Boxes(), std::vector<Box>(2, {"Ini File", kExclamation, "Overflow"}));
     EXPECT_EQ(responder_.BeepCount(), 2);
-    EXPECT_EQ(glLastUserId, 3);
-    EXPECT_TRUE(gbSoundOn);
-    EXPECT_EQ(glAnimSpeed, 80000);
 }
 
 TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
@@ -120,12 +108,10 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
               "[Options]\r\nuser_id=42\r\ndb_path=/games/data\r\nmaxform=1\r\nsoundon=TRUE\r\nanimspd=80\r\n"
               "copylnk=FALSE\r\nanimals=TRUE\r\nmusicon=FALSE\r\n");
 
-    glUserId = 0;
-    gsDbPath.clear();
-    form_.windowState = 0;
-    gbSoundOn = gbAnimalsOn = false;
+    ResetGlobals();
+    form_ = FakeSettingsForm();
     glAnimSpeed = -1500;
-    gbCopyLink = form_.music = true;
+    gbCopyLink = true;
     storage::Ini_Save(form_);
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=0\r\ndb_path=\r\nmaxform=0\r\nsoundon=FALSE\r\nanimspd=-1\r\n"
@@ -152,13 +138,9 @@ TEST_F(SettingsFileTest, ASaveThatCantOpenItsFileTellsEachStatementThatFailsAfte
     EXPECT_EQ(ReadBytes(IniFile()), "[Options]\r\n");
 }
 
-class CopyLinkOptionTest : public SettingsFileTest {
-protected:
-    // Compared in capitals, so the case of the directory doesn't matter.
-    void InstallHere() { platform::SetRegularInstallDirs({{"/opt/nowhere", platform::UCase(app_.Path())}}); }
-};
-
-TEST_F(CopyLinkOptionTest, OnlyInsideTheInstallDirectoriesIsTheFileReadAndOnlyItsKeysFolded) {
+// The directories are compared in capitals, so their case doesn't matter. An
+// error is told without a beep.
+TEST_F(SettingsFileTest, OnlyInsideTheInstallDirectoriesIsTheCopyLinkOptionReadAndOnlyItsKeysFolded) {
     struct Case {
         bool installed;
         const char* ini;  // nullptr: no file
@@ -170,23 +152,16 @@ TEST_F(CopyLinkOptionTest, OnlyInsideTheInstallDirectoriesIsTheFileReadAndOnlyIt
                                            {true, "COPYLNK=TRUE\r\nUser_Id=5\r\n", true, true, false},
                                            {true, "copylnk=TRUE\r\nCopylnk=true\r\n", true, false, true},
                                            // No copylnk line; the numeric value, unrounded, isn't 0.
-                                           {true, "[Options]\r\nuser_id=0.5\r\n", true, true, false}}) {
+                                           {true, "[Options]\r\nuser_id=0.5\r\n", true, true, false},
+                                           {true, "copylnk=TRUE\r\nuser_id=1e999\r\n", false, false, false}}) {
         SCOPED_TRACE(c.ini ? c.ini : "no file");
-        if (c.installed) InstallHere();
+        if (c.installed) platform::SetRegularInstallDirs({{"/opt/nowhere", platform::UCase(app_.Path())}});
         std::filesystem::remove(IniFile());
         if (c.ini) WriteIni(c.ini);
         bool noUser = c.noUserBefore;
         EXPECT_EQ(ReadCopyLinkOption(noUser), c.result);
         EXPECT_EQ(noUser, c.noUser);
     }
-    EXPECT_TRUE(responder_.Events().empty());
-}
-
-TEST_F(CopyLinkOptionTest, AnErrorIsToldWithoutABeepAndGivesFalse) {
-    InstallHere();
-    WriteIni("copylnk=TRUE\r\nuser_id=1e999\r\n");
-    bool noUser = false;
-    EXPECT_FALSE(ReadCopyLinkOption(noUser));
     EXPECT_EQ(Boxes(), (std::vector<Box>{{"Ini File", kExclamation, "Overflow"}}));
     EXPECT_EQ(responder_.BeepCount(), 0);
 }

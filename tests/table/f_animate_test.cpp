@@ -11,20 +11,19 @@
 
 namespace {
 
-class FAnimateTest : public ::testing::Test {
-protected:
-    void SetUp() override { modGlobal::ResetGlobals(); }
-};
-
-// The bar stands at 40, its thumb in the middle; the value is higher toward
-// the left, "Slowest".
-TEST_F(FAnimateTest, ArrowsTroughsKeysAndThumbMoveTheBarTheWayTheUserPoints) {
-    modGlobal::glAnimSpeed = 40000;
-    FAnimate form;
-    form.show();
-    QScrollBar* bar = form.scrAnim;
-    const int y = bar->height() / 2;
-    const int width = bar->width();
+// The value of the bar is higher toward the left, "Slowest"; each move
+// starts with the thumb in the middle.
+TEST(FAnimate, ASpeedOffTheBarIsRefusedTheBarMovesTheWayTheUserPointsResetMovesOnlyItAndOkWritesTheSpeed) {
+    for (std::int32_t speed : {81000, -1000}) {
+        modGlobal::glAnimSpeed = speed;
+        EXPECT_THROW(FAnimate{}, platform::RuntimeError) << speed;
+    }
+    modGlobal::glAnimSpeed = 42999;
+    QPointer<FAnimate> form = new FAnimate;
+    form->show();
+    QScrollBar* bar = form->scrAnim;
+    EXPECT_EQ(bar->value(), 42);
+    const int y = bar->height() / 2, width = bar->width();
     for (const auto& [x, value] : {std::pair{2, 45}, {width / 4, 45}, {3 * width / 4, 35}, {width - 3, 35}}) {
         bar->setValue(40);
         QTest::mouseClick(bar, Qt::LeftButton, {}, {x, y});
@@ -41,32 +40,19 @@ TEST_F(FAnimateTest, ArrowsTroughsKeysAndThumbMoveTheBarTheWayTheUserPoints) {
     QTest::mouseMove(bar, {0, y});
     QTest::mouseRelease(bar, Qt::LeftButton, {}, {0, y});
     EXPECT_EQ(bar->value(), 80);
-}
 
-TEST_F(FAnimateTest, ResetMovesOnlyTheBarOkWritesTheSpeedAndEscapeDoesNotClose) {
-    modGlobal::glAnimSpeed = 42999;
-    QPointer<FAnimate> form = new FAnimate;
-    form->show();
-    EXPECT_EQ(form->scrAnim->value(), 42);
     QTest::keyClick(form, Qt::Key_Escape);
-    form->scrAnim->setValue(10);
+    bar->setValue(10);
     form->cmdAnim[0]->click();
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->scrAnim->value(), 40);
+    EXPECT_EQ(bar->value(), 40);
     EXPECT_EQ(modGlobal::glAnimSpeed, 42999);
 
-    form->scrAnim->setValue(15);
+    bar->setValue(15);
     form->cmdAnim[1]->click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
     EXPECT_EQ(modGlobal::glAnimSpeed, 15000);
-}
-
-TEST_F(FAnimateTest, ASpeedOffTheBarIsRefused) {
-    for (std::int32_t speed : {81000, -1000}) {
-        modGlobal::glAnimSpeed = speed;
-        EXPECT_THROW(FAnimate{}, platform::RuntimeError) << speed;
-    }
 }
 
 }  // namespace

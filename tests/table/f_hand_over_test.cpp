@@ -32,7 +32,8 @@ protected:
     SoundKeys sounds_;
 };
 
-TEST_F(FHandOverTest, OneRowPerHandOlderRowsCrossedOutAndTheLeaderInBlue) {
+// The timer plays the result once, however often it ticks.
+TEST_F(FHandOverTest, OneRowPerHandOlderRowsCrossedOutTheLeaderInBlueTheResultPlayedOnceAndOkCloses) {
     const std::vector<Strings> hands = {
         {"195", "225", "190", "190"}, {"180", "260", "175", "185"}, {"170", "245", "-5", "290"}};
     SetStandings(hands);
@@ -54,6 +55,17 @@ TEST_F(FHandOverTest, OneRowPerHandOlderRowsCrossedOutAndTheLeaderInBlue) {
             EXPECT_EQ(TextColour(rows[row]) == blue, leader);
         }
     }
+
+    for (const auto& [winner, sound] : {std::pair{"Owl", "OTHWON"}, std::pair{"Ann", "USERWON"}}) {
+        sounds_.keys.clear();
+        gsWinnerName = winner;
+        FHandOver shown;
+        shown.show();
+        for (int tick = 0; tick < 2; ++tick) EXPECT_TRUE(shown.tmrScore.Fire());
+        EXPECT_EQ(sounds_.keys, Strings{sound});
+        shown.cmdOK->click();
+        EXPECT_FALSE(shown.isVisible());
+    }
 }
 
 TEST_F(FHandOverTest, TheLeaderOfTheLastHandIsTheLaterOfEqualsAndTheFirstWhenAllAreBelowZero) {
@@ -64,20 +76,6 @@ TEST_F(FHandOverTest, TheLeaderOfTheLastHandIsTheLaterOfEqualsAndTheFirstWhenAll
         SetStandings({{"500", "500", "500", "500"}, lastHand});
         FHandOver form;
         EXPECT_EQ(form.GetHighScore(), leader) << lastHand[0] << " " << lastHand[1] << " " << lastHand[2];
-    }
-}
-
-TEST_F(FHandOverTest, TheTimerPlaysTheResultOnceAndOkCloses) {
-    SetStandings({{"195", "225", "190", "190"}});
-    for (const auto& [winner, sound] : {std::pair{"Owl", "OTHWON"}, std::pair{"Ann", "USERWON"}}) {
-        sounds_.keys.clear();
-        gsWinnerName = winner;
-        FHandOver form;
-        form.show();
-        for (int tick = 0; tick < 2; ++tick) EXPECT_TRUE(form.tmrScore.Fire());
-        EXPECT_EQ(sounds_.keys, Strings{sound});
-        form.cmdOK->click();
-        EXPECT_FALSE(form.isVisible());
     }
 }
 

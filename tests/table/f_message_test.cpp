@@ -16,9 +16,7 @@ TEST(FMessage, EachNoticeFitsItsFormNamesTheCardThatCanBePlayedAndOkCloses) {
         modGlobal::gsNoticeCard = "Queen of Diamonds";  // the longest card name
         FMessage form;
         for (const QLabel* label : form.lblMessage) EXPECT_LE(label->sizeHint().width(), label->width());
-        if (modGlobal::gsNoticeKey == "CANPLAY1") {
-            EXPECT_EQ(form.lblMessage[1]->text(), "Queen of Diamonds!");
-        }
+        EXPECT_EQ(form.lblMessage[1]->text() == "Queen of Diamonds!", modGlobal::gsNoticeKey == "CANPLAY1");
         form.show();
         form.cmdMessage->click();
         EXPECT_FALSE(form.isVisible());

@@ -16,35 +16,20 @@
 #include <string>
 #include <vector>
 
-#include "table/main_form_link.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/storage_fixture.h"
+#include "support/recording_main_form.h"
 #include "users/f_help.h"
 #include "users/help_image.h"
 
 using platform::kExclamation;
 using Strings = std::vector<std::string>;
 
-class RecordingMainForm : public MainFormLink {
-public:
-    std::string UserTag() const override { return tag; }
-    void SetUserTag(const std::string& value) override { tag = value; }
-    void SetPlayerName(int seat, const std::string& name) override { playerNames.at(seat) = name; }
-    std::string MoneyCaption(int) const override { return {}; }
-    void SetWinningsCaption(const std::string& caption) override { winningsCaption = caption; }
-    void SetTopMenusEnabled(bool) override {}
-
-    std::string tag;
-    std::array<std::string, 4> playerNames;
-    std::string winningsCaption;
-};
-
 // A user is read as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
 class UserFormTest : public DeliveredDbTest {
 protected:
     void SetUp() override {
         DeliveredDbTest::SetUp();
-        modGlobal::goMainForm = &mainForm_;
         modSoundLib::SetKeyObserver([this](const std::string& key, bool) { sounds_.push_back(key); });
     }
     void TearDown() override {
