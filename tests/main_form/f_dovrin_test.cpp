@@ -2,8 +2,6 @@
 // protocol, the hover boxes, the keys, and the net under its events.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -15,7 +13,6 @@
 
 #include "platform/display/card_library.h"
 #include "platform/display/name_font.h"
-#include "platform/display/twips.h"
 #include "platform/runtime/msgbox.h"
 #include "shell/f_dovrin.h"
 #include "sound/mod_sound_lib.h"
@@ -190,22 +187,4 @@ TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
     EXPECT_EQ(responder.Boxes()[0].title, "The Game of Dovrin");
     EXPECT_EQ(responder.Boxes()[0].style, platform::kYesNo | platform::kQuestion);
     EXPECT_TRUE(form->isVisible());
-}
-
-TEST_F(MainFormTest, AClickOnTheSevenOfHeartsOpensTheHand) {
-    modGlobal::glAnimSpeed = 0;
-    Game& game = form->game();
-    game.maHand3 = {0, 4, 26};
-    game.maCardsLeft = {13, 13, 13, 13};
-    game.DrawUserHand();
-    game.mbUserTurn = true;
-    game.mbUserCanPlay = true;
-    // The middle of the last card, in pixels of the client area.
-    const QPoint pixel(platform::TwipsToPixels(game.miCardLeft + 2 * 360 + 500),
-                       platform::TwipsToPixels(5100 + 700));
-    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, pixel);
-    EXPECT_TRUE(game.mbHandOpened);
-    EXPECT_NE(std::find(game.maCardsPlayed.begin(), game.maCardsPlayed.end(), 26),
-              game.maCardsPlayed.end());
-    EXPECT_EQ(form->lblCardNo[3]->text(), "7");
 }
