@@ -1,5 +1,5 @@
 // What the game asks of the table it is played on. The main window
-// implements it; the tests use a recording fake and the simulator a null one.
+// implements it; the simulator and the tests build on the null table below.
 #pragma once
 
 #include <string>
@@ -53,6 +53,45 @@ public:
     virtual void IniSave() = 0;
     virtual void ShowUserName() = 0;
     virtual void Unload() = 0;  // closes the table's window, which ends the run
+};
+
+// A table with nothing on it: every call does nothing, and what it answers
+// leaves the game as it is.
+class NullTable : public Table {
+public:
+    void SetAutoRedraw(bool) override {}
+    void Cls() override {}
+    void DrawCardsPlayed(const std::vector<Card>&) override {}
+    void DrawUserHand(const std::vector<Card>&, int, int, int) override {}
+    int FormWidth() const override { return 0; }  // no window: the hand row is off the table
+    void PlayFromLeft(Card) override {}
+    void PlayFromTop(Card) override {}
+    void PlayFromRight(Card) override {}
+    void SetTurnMarker(int, bool) override {}
+    void ShowSeatCard(int, Card) override {}
+    void ShowSeatSad(int, bool) override {}
+    void ClearSeatPanel(int) override {}
+    void SetCardsLeft(int, int) override {}
+    void SetMoney(int, int) override {}
+    void SetPot(int) override {}
+    void SetCaption(const std::string&) override {}
+    void PlayEffect(const std::string&) override {}
+    void ShowMessage() override {}
+    void DoEvents() override {}  // no timers: a table that plays a game runs its tick here
+    void ShowHandOver() override {}
+    void ShowGameOver() override {}
+    std::string UserTag() const override { return {}; }  // no answer: the table stays as it is
+    void SetUserTag(const std::string&) override {}
+    void RecoverDatabase() override {}
+    void TopTenLoad() override {}
+    bool CheckHighScore() override { return false; }  // no place in the top ten
+    void TopTenSave() override {}
+    void ShowTopTen() override {}
+    void SetBusyPointer(bool) override {}
+    void ReloadPicture() override {}
+    void IniSave() override {}
+    void ShowUserName() override {}
+    void Unload() override {}
 };
 
 // What happened in a game, for those who watch it without a screen.

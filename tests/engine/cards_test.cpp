@@ -3,7 +3,8 @@
 
 #include "game_fixture.h"
 
-TEST(Cards, RemoveCardKeepsTheLastCardAndTheOrder) {
+// Taking a card out keeps the order of the others, and never the last card.
+TEST(Cards, TakingOutAndSortingTheHumansHand) {
     const struct {
         std::string hand;
         std::size_t index;
@@ -14,9 +15,6 @@ TEST(Cards, RemoveCardKeepsTheLastCardAndTheOrder) {
         Game::RemoveCard(hand, c.index);
         EXPECT_EQ(CardsText(hand), c.left) << c.hand << " without " << c.index;
     }
-}
-
-TEST(Cards, SortingTheHumansHand) {
     std::vector<Card> hand = ParseCards("KH 2S 7C AD 9H 3C QS 7H 5D TS JC 4H 8D");
     modGlobal::SortCards(hand);
     // Ascending rank, and within a rank Clubs, Diamonds, Hearts, Spades.

@@ -47,7 +47,6 @@ TEST(Choice, EachRoutinePicksItsCard) {
         {kMedium, 0, "5C", "9D", "AC 5C 9D KD", "9D"},
         {kHard, 0, "5C", "9D", "AC 5C 9D KD", "9D"},
         {kMedium, 0, "5C", "9D", "AC 5C 9D JD", "5C"},
-        {kHard, 0, "5C", "9D", "AC 5C 9D JD", "5C"},
         // The reach runs to the farthest held card, over gaps in the suit;
         // the Seven of Clubs reaches the Ace and the King (24).
         {kMedium, 0, "6H 7C", "8H 7C", "2H 6H 8H QH 7C AC KC", "7C"},
@@ -60,17 +59,16 @@ TEST(Choice, EachRoutinePicksItsCard) {
         {kHard, 0, "2C", "", "2C", "2C"},
         {ChoiceRoutine{7}, 0, "5C", "9D", "5C 9D", "AC"},  // no routine: card 0 stands
     };
-    RecordingTable table;
+    NullTable table;
     Game game(table);
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.low + " / " + c.high + " in " + c.hand);
+        SCOPED_TRACE("routine " + std::to_string(c.routine) + ": " + c.low + " / " + c.high +
+                     " in " + c.hand);
         glRandomSeed = c.seed;
         game.maLowCards = ParseCards(c.low);
         game.maHighCards = ParseCards(c.high);
         std::vector<Card> hand = ParseCards(c.hand);
-        EXPECT_EQ(CardText(game.ChooseCard(hand, c.routine)), c.chosen) << "routine " << c.routine;
-        if (c.routine != 7) {
-            EXPECT_TRUE(game.maLowCards.empty() && game.maHighCards.empty());
-        }
+        EXPECT_EQ(CardsText({game.ChooseCard(hand, c.routine)}), c.chosen);
+        EXPECT_TRUE(c.routine == 7 || (game.maLowCards.empty() && game.maHighCards.empty()));
     }
 }

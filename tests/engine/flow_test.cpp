@@ -26,15 +26,16 @@ TEST_F(GameTest, TurnsInSeatOrder) {
           "panel 2 7S", "effect OTH_PLAYERS 2", "pause", "autoredraw on", "cls",
           "table 7S 7H 7D", "marker 3 on"}},
         // The opening card goes down before its sound, whichever seat has it,
-        // and so does every card of the left seat. 8C reaches up to its King.
-        {kDealTopOpens, "7C",
+        // and so does every card of the left seat. The human, stuck, pays
+        // from the button without a pause, and the round goes on.
+        {kDealHumanStuck, "button",
          {"fly top 7H", "panel 1 7H", "effect OTH_PLAYERS 1", "pause", "fly right 7S",
           "panel 2 7S", "effect OTH_PLAYERS 1", "pause", "autoredraw on", "cls", "table 7S 7H",
-          "marker 3 on", "effect PLAYCARD 2", "panel 3 7C", "cls", "table 7S 7H 7C",
-          "marker 3 off", "autoredraw off", "fly left 8C", "panel 0 8C", "effect OTH_PLAYERS 4",
-          "pause", "fly top 7D", "panel 1 7D", "effect OTH_PLAYERS 4", "pause", "fly right 8S",
-          "panel 2 8S", "effect OTH_PLAYERS 5", "pause", "autoredraw on", "cls",
-          "table 8S 8C 7S 7H 7D 7C", "marker 3 on"}},
+          "marker 3 on", "effect PAYPOT 2", "money 3 190", "pot 25", "sad cleared 3",
+          "marker 3 off", "autoredraw off", "fly left 7C", "panel 0 7C", "effect OTH_PLAYERS 3",
+          "pause", "fly top 7D", "panel 1 7D", "effect OTH_PLAYERS 3", "pause", "fly right 8S",
+          "panel 2 8S", "effect OTH_PLAYERS 4", "pause", "autoredraw on", "cls",
+          "table 8S 7S 7H 7D 7C", "marker 3 on"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.move);
@@ -43,9 +44,10 @@ TEST_F(GameTest, TurnsInSeatOrder) {
         Move(c.move);
         EXPECT_EQ(table.LinesOf("fly|panel|sad|pause|effect|money|pot|auto|cls|table|marker 3"),
                   ante + c.log);
-        EXPECT_TRUE(game.mbUserTurn && game.mbUserCanPlay);
+        EXPECT_TRUE(game.mbUserTurn);
+        EXPECT_EQ(game.mbUserCanPlay, c.move != "button");
     }
-    EXPECT_EQ(game.maCardsLeft, (std::array<std::int16_t, 4>{12, 11, 11, 12}));
+    EXPECT_EQ(game.maCardsLeft, (std::array<std::int16_t, 4>{12, 11, 11, 13}));
 }
 
 // The end of a hand by who went out, in which hand, and whether someone
@@ -53,67 +55,61 @@ TEST_F(GameTest, TurnsInSeatOrder) {
 // pot; a winning computer's money is shown with the others', the human's
 // after the take. Then the standings, the end of the game, or both; a
 // computer's win shows the standings first, with the hand already moved on.
+// The human lays the Seven of Hearts, or on the deal where it can't lay a
+// card pays from the button, which keeps the game's end flagged into the
+// dispatch; only the answers "YES" and "CHANGE" clear it there.
 TEST_F(GameTest, TheEndOfAHand) {
     const std::string next = "caption Title - Level 1 (2nd Hand)";
     const struct {
         int winner;
         std::int16_t handNo;
         bool broke;
-        std::string shown;
-        Lines log, scores;
+        std::string move, shown;
+        Lines log, scores;  // the winner's name and take, then the standings of the hand
         std::int16_t handNoAfter;
     } cases[] = {
-        {kSeatTop, 0, false, "money|pot|pause|F|caption|unload",
+        {kSeatTop, 0, false, "7H", "money|pot|pause|F|caption|unload",
          {"money 0 190", "pot 25", "pause", "money 0 125", "money 1 195", "money 2 130",
           "money 3 135", "pot 215", "money 1 410", "pot 0", "FHandOver", next, "money 0 120",
           "money 1 405", "money 2 125", "money 3 130", "pot 20", "pause", "pause", "pause"},
-         {"125", "410", "130", "135"}, 1},
-        {kSeatUser, 0, false, "money|pot|pause|F|caption|unload",
+         {"Top 215", "125", "410", "130", "135"}, 1},
+        {kSeatUser, 0, false, "7H", "money|pot|pause|F|caption|unload",
          {"money 0 130", "money 1 130", "money 2 130", "pot 215", "money 3 410", "pot 0",
           "FHandOver", next, "money 0 125", "money 1 125", "money 2 125", "money 3 405",
           "pot 20", "pause", "pause", "pause"},
-         {"130", "130", "130", "410"}, 1},
-        {kSeatTop, 0, true, "money 2|pause|F|caption|unload",
+         {"Me 215", "130", "130", "130", "410"}, 1},
+        {kSeatTop, 0, true, "7H", "money 2|pause|F|caption|unload",
          {"pause", "money 2 0", "FHandOver", next, "FGameOver", "unload"},
-         {"125", "410", "0", "135"}, 1},
-        {kSeatUser, 0, true, "money 2|F|caption|unload",
-         {"money 2 0", "FGameOver", "unload"}, {"130", "130", "0", "410"}, 0},
-        {kSeatTop, 3, false, "pause|F|caption|unload", {"pause", "FGameOver", "unload"},
-         {"125", "410", "130", "135"}, 3},
+         {"Top 215", "125", "410", "0", "135"}, 1},
+        {kSeatUser, 0, true, "7H", "money 2|F|caption|unload",
+         {"money 2 0", "FGameOver", "unload"}, {"Me 215", "130", "130", "0", "410"}, 0},
+        {kSeatLeft, 3, false, "button", "money 3|pot|fly|F|caption|unload",
+         {"money 3 190", "pot 25", "fly left 7C", "money 3 125", "pot 210", "pot 0", "FGameOver",
+          "unload"},
+         {"Left 210", "405", "135", "135", "125"}, 3},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.winner << " in hand " << c.handNo << " " << c.broke);
-        Deal(kDealHumanOpens);
+        Deal(c.move == "button" ? kDealHumanStuck : kDealHumanOpens);
         game.miHandNo = c.handNo;
         game.maCardsLeft[c.winner] = 1;  // the winner's next card is its last
         if (c.broke) game.miMoney2 = 65;  // its 13 cards cost all of it: $0 is broke
         table.log.clear();
-        Move("7H");
+        Move(c.move);
         EXPECT_EQ(table.LinesOf(c.shown), c.log);
         EXPECT_EQ(game.miHandNo, c.handNoAfter);
-        EXPECT_FALSE(game.mbGameOver);  // a click clears it before the dispatch
+        EXPECT_EQ(game.mbGameOver, c.move == "button");
         using namespace modGlobal;
-        EXPECT_EQ(gsWinnerName + " " + gsPotWon, c.winner == kSeatUser ? "Me 215" : "Top 215");
-        EXPECT_EQ((Lines{gaScoresOne.at(c.handNo), gaScoresTwo.at(c.handNo),
-                         gaScoresThree.at(c.handNo), gaScoresUser.at(c.handNo)}),
+        EXPECT_EQ((Lines{gsWinnerName + " " + gsPotWon, gaScoresOne.at(c.handNo),
+                         gaScoresTwo.at(c.handNo), gaScoresThree.at(c.handNo),
+                         gaScoresUser.at(c.handNo)}),
                   c.scores);
     }
 }
 
-TEST_F(GameTest, PayingThePotFromTheButtonKeepsTheGameOverFlagIntoTheDispatch) {
-    Deal(kDealHumanStuck);
-    game.miHandNo = 3;
-    game.maCardsLeft[0] = 1;
-    table.log.clear();
-    Move("button");
-    EXPECT_EQ(table.LinesOf("effect PAYPOT|money 3|pot|sad|marker 3|fly|FGameOver|unload"),
-              (Lines{"effect PAYPOT 2", "money 3 190", "pot 25", "sad cleared 3", "marker 3 off",
-                     "fly left 7C", "money 3 125", "pot 210", "pot 0", "FGameOver", "unload"}));
-    EXPECT_TRUE(game.mbGameOver);  // only "YES" and "CHANGE" clear it
-}
-
 // The answers of the end-of-game form, the top ten steps after a win, and a
-// failed database step, which stops the dispatch where it failed.
+// failed database step, which stops the dispatch where it failed. The user
+// form's answer is cleared and not looked at.
 TEST_F(GameTest, TheEndOfGameDispatch) {
     const std::string newGame = "caption Title - Level 1 (1st Hand)";
     const Lines won = {"FGameOver", "TopTenLoad", "CheckHighScore"};
@@ -129,7 +125,6 @@ TEST_F(GameTest, TheEndOfGameDispatch) {
         {"YES", true, true, "", topTen + levelUp, 5},
         {"YES", true, false, "", won + levelUp, 5},
         {"YES", false, true, "", {"FGameOver", newGame}, 4},
-        // The user form's answer is cleared and not looked at.
         {"CHANGE", false, true, "", {"FGameOver", "Ini_Save", "FUserName", "picture", newGame}, 0},
         {"NO", true, true, "", topTen + Lines{"unload"}, 4},
         {"", false, true, "", {"FGameOver"}, 4},
@@ -159,8 +154,6 @@ TEST_F(GameTest, TheEndOfGameDispatch) {
         EXPECT_EQ(game.miHandNo, started ? 0 : 3);
         EXPECT_EQ(modGlobal::gaScoresUser.empty(), started);
         EXPECT_EQ(game.miMoney0, started ? 195 : 130);
-        if (c.answer == "CHANGE") {
-            EXPECT_EQ(table.tag, "");
-        }
+        EXPECT_EQ(table.tag, c.answer == "CHANGE" ? "" : c.answer);
     }
 }

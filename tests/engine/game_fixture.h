@@ -1,7 +1,8 @@
 // A game on a recording table with a deal chosen by the test. The table keeps
-// one line per call and answers the forms of a hand's and a game's end as the
-// test tells it to. The computers use the Medium routine, which has no chance
-// in it, so that every move of a test is known in advance.
+// one line for each call the tests look at and answers the forms of a hand's
+// and a game's end as the test tells it to. The computers use the Medium
+// routine, which has no chance in it, so that every move of a test is known
+// in advance.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -22,8 +23,9 @@ inline Lines operator+(Lines lines, const Lines& more) {
 
 // Cards in text: rank A 2 3 4 5 6 7 8 9 T J Q K, suit C D H S, so "7H" is
 // the Seven of Hearts (26) and "KS" the King of Spades (51).
+const std::string kRanks = "A23456789TJQK", kSuits = "CDHS";
+
 inline std::vector<Card> ParseCards(const std::string& text) {
-    static const std::string kRanks = "A23456789TJQK", kSuits = "CDHS";
     std::vector<Card> cards;
     std::istringstream in(text);
     for (std::string word; in >> word;) {
@@ -35,50 +37,33 @@ inline std::vector<Card> ParseCards(const std::string& text) {
     return cards;
 }
 
-inline Card ParseCard(const std::string& text) { return ParseCards(text).at(0); }
-
+// A card out of the deck's range throws rather than print as some other card.
 inline std::string CardsText(const std::vector<Card>& cards) {
     std::string text;
     for (Card c : cards)
-        text += (text.empty() ? "" : " ") +
-                (c < 0 || c > 51 ? "??" : std::string{"A23456789TJQK"[c / 4], "CDHS"[c % 4]});
+        text += (text.empty() ? "" : " ") + std::string{kRanks.at(c / 4), kSuits.at(c % 4)};
     return text;
-}
-
-inline std::string CardText(Card card) { return CardsText({card}); }
-
-// The deck that deals these four hands of thirteen, seat 0 to 3.
-inline std::array<Card, 52> DeckDealing(const std::array<std::string, 4>& hands) {
-    std::array<Card, 52> deck{};
-    for (int seat = 0; seat < 4; ++seat) {
-        const std::vector<Card> cards = ParseCards(hands[seat]);
-        for (int i = 0; i < 13; ++i) deck[i * 4 + seat] = cards.at(i);
-    }
-    return deck;
 }
 
 // Draws these positions of the deck first, then 0, 1, 2 ... in turn, so that
 // with none it leaves the deck as it is.
-class ScriptedDeckRandom : public modGlobal::DeckRandom {
-public:
+struct ScriptedDeckRandom : modGlobal::DeckRandom {
     std::vector<int> first;
-    void Randomize() override { next_ = 0; }
+    std::size_t next = 0;
+    void Randomize() override { next = 0; }
     double Rnd() override {
-        const std::size_t n = next_++;
+        const std::size_t n = next++;
         return ((n < first.size() ? first[n] : (n - first.size()) % 52) + 0.5) / 52;
     }
-
-private:
-    std::size_t next_ = 0;
 };
 
-class RecordingTable : public Table {
+class RecordingTable : public NullTable {
 public:
     Lines log;
     Game* game = nullptr;
     std::string tag, answerOfGameOver = "NO";  // the answer FGameOver writes into the tag
     bool userWins = false, highScore = true;   // what FGameOver and CheckHighScore find
-    std::string failDatabaseAt;                // the step whose database access fails
+    std::string failDatabaseAt;                // the call whose database access fails
 
     // The lines that begin with one of the alternatives of the pattern.
     Lines LinesOf(const std::string& pattern) const {
@@ -96,14 +81,12 @@ public:
         Log("hand", left, top, step, CardsText(hand));
     }
     int FormWidth() const override { return 9750; }
-    void PlayFromLeft(Card c) override { Log("fly left", CardText(c)); }
-    void PlayFromTop(Card c) override { Log("fly top", CardText(c)); }
-    void PlayFromRight(Card c) override { Log("fly right", CardText(c)); }
+    void PlayFromLeft(Card c) override { Log("fly left", CardsText({c})); }
+    void PlayFromTop(Card c) override { Log("fly top", CardsText({c})); }
+    void PlayFromRight(Card c) override { Log("fly right", CardsText({c})); }
     void SetTurnMarker(int seat, bool on) override { Log("marker", seat, on ? "on" : "off"); }
-    void ShowSeatCard(int seat, Card c) override { Log("panel", seat, CardText(c)); }
+    void ShowSeatCard(int seat, Card c) override { Log("panel", seat, CardsText({c})); }
     void ShowSeatSad(int seat, bool clear) override { Log(clear ? "sad cleared" : "sad", seat); }
-    void ClearSeatPanel(int seat) override { Log("clear panel", seat); }
-    void SetCardsLeft(int seat, int n) override { Log("left", seat, n); }
     void SetMoney(int seat, int m) override { Log("money", seat, m); }
     void SetPot(int pot) override { Log("pot", pot); }
     void SetCaption(const std::string& c) override { Log("caption", c); }
@@ -127,25 +110,25 @@ public:
     }
     void ShowHandOver() override { Log("FHandOver"); }
     void ShowGameOver() override {
-        Step("FGameOver");
+        Log("FGameOver");
         modGlobal::gbUserWon = userWins;
         tag = answerOfGameOver;
     }
     std::string UserTag() const override { return tag; }
     void SetUserTag(const std::string& t) override { tag = t; }
     void RecoverDatabase() override { Log("RecoverDatabase"); }
-    void TopTenLoad() override { Step("TopTenLoad"); }
+    void TopTenLoad() override { Log("TopTenLoad"); }
     bool CheckHighScore() override {
         Log("CheckHighScore");
         return highScore;
     }
-    void TopTenSave() override { Step("TopTenSave"); }
-    void ShowTopTen() override { Step("FTopTen"); }
+    void TopTenSave() override { Log("TopTenSave"); }
+    void ShowTopTen() override { Log("FTopTen"); }
     void SetBusyPointer(bool busy) override { Log("pointer", busy ? "busy" : "default"); }
     void ReloadPicture() override { Log("picture"); }
     void IniSave() override { Log("Ini_Save"); }
     void ShowUserName() override {
-        Step("FUserName");
+        Log("FUserName");
         tag = "O";
     }
     void Unload() override { Log("unload"); }
@@ -158,10 +141,7 @@ private:
         std::ostringstream line;
         ((line << ' ' << parts), ...);
         log.push_back(line.str().substr(1));
-    }
-    void Step(const std::string& step) {
-        Log(step);
-        if (failDatabaseAt == step) modGlobal::gbDbFailed = true;
+        if (log.back() == failDatabaseAt) modGlobal::gbDbFailed = true;
     }
 };
 
@@ -170,11 +150,8 @@ private:
 const std::array<std::string, 4> kDealHumanOpens = {
     "2C 3C 4C 5C 6C 8C 9C TC JC QC KC AD 2D", "7C AC 3D 4D 5D 6D 8D 9D TD JD QD KD 7D",
     "7S 8S 9S TS JS QS KS 6S 5S 4S 3S 2S AS", "7H 8H 9H TH JH QH KH 6H 5H 4H 3H 2H AH"};
-// Seat 1 holds the Seven of Hearts.
-const std::array<std::string, 4> kDealTopOpens = {
-    "2C 3C 4C 5C 6C 8C 9C TC JC QC KC AD 2D", "7H AC 3D 4D 5D 6D 8D 9D TD JD QD KD 7D",
-    "7S 8S 9S TS JS QS KS 6S 5S 4S 3S 2S AS", "7C 8H 9H TH JH QH KH 6H 5H 4H 3H 2H AH"};
-// The human can't lay a card on the first round of this deal.
+// Seat 1 holds the Seven of Hearts; the human can't lay a card on the
+// first round of this deal.
 const std::array<std::string, 4> kDealHumanStuck = {
     "7C 3C 4C 5C 6C 8C 9C TC JC QC KC AD 2D", "7H AC 3D 4D 5D 6D 8D 9D TD JD QD KD 7D",
     "7S 8S 9S TS JS QS KS 6S 5S 4S 3S 6H 8H", "2C 2S AS 9H TH JH QH KH 5H 4H 3H 2H AH"};
@@ -188,6 +165,7 @@ protected:
     void SetUp() override {
         modGlobal::ResetGlobals();
         modGlobal::gsTitle = "Title";
+        modGlobal::gsOpponent1 = "Left";
         modGlobal::gsOpponent2 = "Top";
         modGlobal::gsUserName = "Me";
         modGlobal::SetDeckSource(&deckRandom);
@@ -196,17 +174,21 @@ protected:
     }
     void TearDown() override { modGlobal::SetDeckSource(nullptr); }
 
-    // A new game on this deal, then the human's moves: a card in text is
-    // clicked in the middle of its strip of the row, "beside" clicks beside
-    // the row, "button" pays the pot.
+    // A new game on this deal, seat 0 to 3 (the deck goes round the seats
+    // unshuffled), then the human's moves: a card in text is clicked in the
+    // middle of its strip of the row, "beside" clicks beside the row,
+    // "button" pays the pot.
     void Deal(const std::array<std::string, 4>& hands) {
-        game.maDeck = DeckDealing(hands);
+        for (int seat = 0; seat < 4; ++seat) {
+            const std::vector<Card> cards = ParseCards(hands[seat]);
+            for (int i = 0; i < 13; ++i) game.maDeck[i * 4 + seat] = cards.at(i);
+        }
         game.StartGame(true);
     }
     void Move(const std::string& move) {
         if (move == "button") return game.cmdUser_Click();
         if (move == "beside") return game.Form_MouseDown(100, 100), game.Form_Click();
-        const auto it = std::find(game.maHand3.begin(), game.maHand3.end(), ParseCard(move));
+        const auto it = std::find(game.maHand3.begin(), game.maHand3.end(), ParseCards(move).at(0));
         ASSERT_NE(it, game.maHand3.end()) << move << " is not in the human's hand";
         game.Form_MouseDown(game.miCardLeft + (it - game.maHand3.begin()) * 360.0f + 100, 5800);
         game.Form_Click();

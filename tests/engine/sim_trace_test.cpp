@@ -45,22 +45,20 @@ public:
             EXPECT_FALSE(opened_ || held_[seat][26]) << "seat " << seat << " skips";
         } else if (word == "PAY") {
             EXPECT_TRUE(opened_ && !CanLay(seat)) << "seat " << seat << " pays though it may lay";
-            money_[seat] -= 5;
-            pot_ += 5;
+            Pay(seat, 5);
         } else {
             const int card = v.at(1);
             ASSERT_TRUE(word == "PLAY" && held_[seat][card] && Legal(card)) << line;
             held_[seat].reset(card);
             table_.set(card);
             opened_ = true;
-            --left_[seat];
         }
     }
 
 private:
     std::array<std::bitset<52>, 4> held_;
     std::bitset<52> table_;
-    std::vector<int> money_ = std::vector<int>(4), left_ = std::vector<int>(4);
+    std::vector<int> money_ = std::vector<int>(4);
     int pot_ = 0, next_ = 0, handNo_ = 0;
     bool opened_ = false;
 
@@ -75,6 +73,10 @@ private:
             if (held_[seat][c] && Legal(c)) return true;
         return false;
     }
+    void Pay(int seat, int amount) {
+        money_[seat] -= amount;
+        pot_ += amount;
+    }
     void Hand(int handNo) {
         ++hands;
         if (handNo == 0) {
@@ -84,47 +86,39 @@ private:
             ASSERT_TRUE(handNo == handNo_ + 1 && handNo <= 3 && !Broke()) << "hand " << handNo;
         }
         handNo_ = handNo;
-        for (int& m : money_) m -= 5;
-        pot_ += 20;
+        for (int seat = 0; seat < 4; ++seat) Pay(seat, 5);
         table_.reset();
-        left_.assign(4, 13);
         opened_ = false;
         next_ = 0;
     }
+    // The cards still held are what the losers pay for.
     void Out(int winner, const std::vector<int>& v) {
-        ASSERT_EQ(left_[winner], 0);
-        for (int seat = 0; seat < 4; ++seat) {
-            money_[seat] -= 5 * left_[seat];
-            pot_ += 5 * left_[seat];
-        }
+        ASSERT_TRUE(held_[winner].none());
+        for (int seat = 0; seat < 4; ++seat) Pay(seat, 5 * static_cast<int>(held_[seat].count()));
         EXPECT_EQ(v.at(1), pot_);
         money_[winner] += std::exchange(pot_, 0);
         EXPECT_EQ(std::vector<int>(v.begin() + 2, v.end()), money_);
     }
 };
 
-std::string Trace(const SimOptions& options, SimResult& result) {
-    std::ostringstream out;
-    result = RunSimulation(options, &out);
-    return out.str();
-}
-
 }  // namespace
 
 TEST(Simulator, EveryMoveOfATraceIsLegalAndEveryDollarAccountedFor) {
     for (auto routines : {std::array<std::int16_t, 4>{0, 0, 0, 0}, {2, 1, 0, 2}}) {
-        SimOptions options;
-        options.games = 40;
-        options.seed = 12345;
-        options.routines = routines;
+        SimOptions options{40, 12345, routines};
         SCOPED_TRACE(testing::Message() << "seed 12345, routines " << routines[0] << routines[1]
                                         << routines[2] << routines[3]);
-        SimResult result, again;
-        const std::string text = Trace(options, result);
-        EXPECT_EQ(Trace(options, again), text);  // a seed repeats a run exactly
-        std::istringstream trace(text);
+        SimResult result;
+        auto trace = [&options, &result] {
+            std::ostringstream out;
+            result = RunSimulation(options, &out);
+            return out.str();
+        };
+        const std::string text = trace();
+        EXPECT_EQ(trace(), text);  // a seed repeats a run exactly
+        std::istringstream lines(text);
         Referee referee;
-        for (std::string line; std::getline(trace, line);) {
+        for (std::string line; std::getline(lines, line);) {
             referee.Line(line);
             if (testing::Test::HasFatalFailure()) FAIL() << "at " << line;
         }
@@ -133,15 +127,12 @@ TEST(Simulator, EveryMoveOfATraceIsLegalAndEveryDollarAccountedFor) {
         // Ties for the most money are split, so the wins add up to the games.
         double wins = 0, money = 0;
         long handsWon = 0;
-        for (const SeatSummary& s : result.seats) {
-            wins += s.wins;
-            money += s.meanMoney;
-            handsWon += s.handsWon;
-        }
+        for (const SeatSummary& s : result.seats)
+            wins += s.wins, money += s.meanMoney, handsWon += s.handsWon;
         EXPECT_DOUBLE_EQ(wins, 40);
         EXPECT_NEAR(money, 800, 1e-9);
         EXPECT_EQ(handsWon, result.hands);
         options.seed = 12346;
-        EXPECT_NE(Trace(options, again), text);
+        EXPECT_NE(trace(), text);
     }
 }

@@ -30,7 +30,7 @@ private:
 // A table nobody looks at: the pause runs the tick at once, the forms of a
 // hand's and a game's end answer by themselves, and the events are counted
 // or traced.
-class SimTable : public Table, public GameEvents {
+class SimTable : public NullTable, public GameEvents {
 public:
     SimTable(int games, std::ostream* trace) : gamesWanted_(games), trace_(trace) {}
 
@@ -39,26 +39,7 @@ public:
     const SimResult& Result() const { return result_; }
 
     // --- Table ---
-    void SetAutoRedraw(bool) override {}
-    void Cls() override {}
-    void DrawCardsPlayed(const std::vector<Card>&) override {}
-    void DrawUserHand(const std::vector<Card>&, int, int, int) override {}
-    int FormWidth() const override { return 9750; }
-    void PlayFromLeft(Card) override {}
-    void PlayFromTop(Card) override {}
-    void PlayFromRight(Card) override {}
-    void SetTurnMarker(int, bool) override {}
-    void ShowSeatCard(int, Card) override {}
-    void ShowSeatSad(int, bool) override {}
-    void ClearSeatPanel(int) override {}
-    void SetCardsLeft(int, int) override {}
-    void SetMoney(int, int) override {}
-    void SetPot(int) override {}
-    void SetCaption(const std::string&) override {}
-    void PlayEffect(const std::string&) override {}
-    void ShowMessage() override {}
     void DoEvents() override { game_->tmrCount_Timer(); }
-    void ShowHandOver() override {}
     void ShowGameOver() override {
         const std::array<int, 4> money{game_->miMoney0, game_->miMoney1, game_->miMoney2,
                                        game_->miMoney3};
@@ -77,15 +58,6 @@ public:
     }
     std::string UserTag() const override { return tag_; }
     void SetUserTag(const std::string& tag) override { tag_ = tag; }
-    void RecoverDatabase() override {}
-    void TopTenLoad() override {}
-    bool CheckHighScore() override { return false; }
-    void TopTenSave() override {}
-    void ShowTopTen() override {}
-    void SetBusyPointer(bool) override {}
-    void ReloadPicture() override {}
-    void IniSave() override {}
-    void ShowUserName() override {}
     void Unload() override { finished_ = true; }
 
     // --- GameEvents ---
