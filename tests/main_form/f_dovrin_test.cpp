@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
-#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -75,7 +74,6 @@ TEST_F(MainFormTest, AFlightDrawsOnTheScreenOverTheLabelsUntilTheRedraw) {
     const QRgb before = RetainedPixel(inCard);
     form->SetAutoRedraw(false);
     form->PlayFromLeft(2);
-    Canvas()->removeEventFilter(&counter);
     EXPECT_EQ(counter.paints, 87 + 1);  // X 0, 5 .. 430 and the final draw at 432
     EXPECT_NE(ScreenPixel(inCard), before);
     EXPECT_EQ(RetainedPixel(inCard), before);

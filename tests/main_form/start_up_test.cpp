@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <vector>
 
 #include <QApplication>
@@ -45,9 +45,7 @@ protected:
     }
     std::string Settings() const {
         std::ifstream in(app.Path() + "/dovrin.ini", std::ios::binary);
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
+        return {std::istreambuf_iterator<char>(in), {}};
     }
     // Points the settings file's db_path at another directory.
     void SetDbPath(const std::string& path) {
@@ -86,10 +84,6 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndStillSavesTheSettings) {
     form->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<FDovrin> alive(form);
     ASSERT_TRUE(form->Form_Load());
-    EXPECT_EQ(modGlobal::gsTitle, "Oakmere Software's LANTERN! DOVRIN v3.0");
-    EXPECT_EQ(form->windowTitle().toStdString(),
-              "Oakmere Software's LANTERN! DOVRIN v3.0 - Level 1 (1st Hand)");
-    EXPECT_EQ(modGlobal::gsDbPath, app.Path());  // db_path=APPPATH
     AnswerUserForm(1);
     form->show();  // the first activation follows
     EXPECT_TRUE(QTest::qWaitFor([&] { return alive.isNull(); }, 5000));  // the main form is gone
