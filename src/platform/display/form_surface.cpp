@@ -39,7 +39,8 @@ void FormSurface::Cls() {
         painter.drawPixmap(0, 0, picture_);
     }
     screen_ = retained_.copy();
-    overControls_.fill(Qt::transparent);
+    if (!overDirty_.isEmpty()) overControls_.fill(Qt::transparent);
+    overDirty_ = QRect();
     if (form_) form_->update();
 }
 
@@ -55,6 +56,7 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
     if (!autoRedraw_) {
         QPainter over(&overControls_);
         paint(over);
+        overDirty_ |= area;
     }
     if (!form_) return;
     if (autoRedraw_)
@@ -88,9 +90,12 @@ void FormSurface::RestoreScreen(const QRect& area) {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.setClipRect(area);
     painter.drawImage(0, 0, retained_);
+    const QRect stale = area & overDirty_;
+    if (stale.isEmpty()) return;
     QPainter over(&overControls_);
     over.setCompositionMode(QPainter::CompositionMode_Source);
-    over.fillRect(area, Qt::transparent);
+    over.fillRect(stale, Qt::transparent);
+    if (area.contains(overDirty_)) overDirty_ = QRect();
 }
 
 void FormSurface::RepaintNow(const QRect& area) {

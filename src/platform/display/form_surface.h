@@ -71,6 +71,7 @@ private:
     QImage retained_;
     QImage screen_;
     QImage overControls_;  // transparent but for what AutoRedraw off drew
+    QRect overDirty_;      // where overControls_ may hold a drawing
     bool autoRedraw_ = true;
     bool ownRepaint_ = false;
 };
