@@ -9,7 +9,6 @@ namespace platform {
 
 namespace {
 
-constexpr int kButtonsMask = 0x0F;
 constexpr int kIconMask = 0x70;
 // What the net reports for a failure that carries no number of the platform.
 constexpr std::int32_t kErrInternal = 51;
@@ -30,7 +29,7 @@ public:
         const QString lines = QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton,
                         QApplication::activeWindow());
-        if ((style & kButtonsMask) == kYesNo) {
+        if (AsksYesNo(style)) {
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
             box.setDefaultButton(QMessageBox::Yes);
         } else {

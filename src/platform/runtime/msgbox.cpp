@@ -11,8 +11,6 @@ namespace {
 ScriptedResponder* gResponder = nullptr;
 MessageDesk* gDesk = nullptr;
 
-constexpr int kButtonsMask = 0x0F;
-
 }  // namespace
 
 void SetMessageDesk(MessageDesk* desk) { gDesk = desk; }
@@ -21,7 +19,7 @@ int MsgBox(const std::string& text, int style, const std::string& title) {
     if (!gResponder) {
         if (gDesk) return gDesk->ShowBox(text, style, title);
         std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
-        return (style & kButtonsMask) == kYesNo ? kAnswerYes : kAnswerOK;
+        return AsksYesNo(style) ? kAnswerYes : kAnswerOK;
     }
     gResponder->events_.push_back({ScriptedResponder::Event::Box, text, title, style});
     if (!gResponder->answers_.empty()) {
@@ -29,7 +27,7 @@ int MsgBox(const std::string& text, int style, const std::string& title) {
         gResponder->answers_.pop_front();
         return answer;
     }
-    if ((style & kButtonsMask) == kYesNo) throw std::logic_error("no scripted answer for the question: " + text);
+    if (AsksYesNo(style)) throw std::logic_error("no scripted answer for the question: " + text);
     return kAnswerOK;
 }
 

@@ -28,6 +28,9 @@ enum MsgBoxAnswer : int {
     kAnswerNo = 7,
 };
 
+// Whether a style's buttons are Yes and No.
+constexpr bool AsksYesNo(int style) { return (style & 0x0F) == kYesNo; }
+
 // Shows a modal message box; lines in the text are separated by CR LF.
 int MsgBox(const std::string& text, int style, const std::string& title);
 
