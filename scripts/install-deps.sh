@@ -13,6 +13,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev
   clang libclang-rt-14-dev
   xvfb xdotool imagemagick x11-utils python3
+  sox fluidsynth
   fonts-dejavu-core fonts-dejavu-extra
 )
 

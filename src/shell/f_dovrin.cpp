@@ -12,6 +12,7 @@
 #include "platform/display/pictures.h"
 #include "platform/display/twips.h"
 #include "shell/table_canvas.h"
+#include "sound/mod_global_music.h"
 
 using platform::TwipsRect;
 
@@ -107,14 +108,22 @@ FDovrin::FDovrin(QWidget* parent)
     CreateMenus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     modGlobal::goMainForm = this;
+    modGlobal::goOptionEntries = this;
     tmrCount.SetInterval(1);
     connect(&tmrCount, &platform::PlatformTimer::Timer, this, [this] { game_.tmrCount_Timer(); });
+    // The music's watch, found by its name by the music object.
+    tmrMidi->setObjectName(QStringLiteral("tmrMidi"));
+    tmrMidi->SetEnabled(false);
+    tmrMidi->SetInterval(500);
+    connect(tmrMidi, &platform::PlatformTimer::Timer, this, &FDovrin::tmrMidi_Timer);
     qApp->installEventFilter(this);  // the form sees the keys before its controls
 }
 
 FDovrin::~FDovrin() {
     qApp->removeEventFilter(this);
     if (modGlobal::goMainForm == this) modGlobal::goMainForm = nullptr;
+    if (modGlobal::goOptionEntries == this) modGlobal::goOptionEntries = nullptr;
+    modGlobal::goMidi.reset();  // the unload releases the music object
 }
 
 void FDovrin::CreateControls() {

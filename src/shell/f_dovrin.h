@@ -70,6 +70,7 @@ public:
     QPushButton* cmdWantMore = nullptr;
     QPushButton* cmdUser = nullptr;
     platform::PlatformTimer tmrCount;
+    platform::PlatformTimer* tmrMidi = new platform::PlatformTimer(this);  // watches the fanfare's tune
 
     // --- the menu bar ---
     QMenu* mnuFileH = nullptr;
@@ -95,6 +96,7 @@ public:
     void Form_QueryUnload();
     void StartGame(bool newGame);
     void ChangeUser(bool pbFirst);
+    void tmrMidi_Timer();
 
     // --- menus and options (shell/f_dovrin_menus.cpp) ---
     void mnuFile_Click(int index);
@@ -188,7 +190,6 @@ private:
     bool loaded_ = false;  // Form_Load has run
     bool mbActivated = false;
     bool activating_ = false;  // the first activation is under way
-    bool musicEnabled_ = false;  // the music object's Enabled, off at its creation, until the music device exists
     bool unloading_ = false;
     std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
     std::int32_t mlCardHeight = 0;  // the table uses its own card size in twips

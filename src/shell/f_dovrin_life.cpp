@@ -18,6 +18,7 @@
 #include "table/f_top_ten.h"
 #include "storage/mod_global_db.h"
 #include "shell/f_dovrin.h"
+#include "sound/mod_global_music.h"
 #include "table/f_game_over.h"
 #include "users/f_user_name.h"
 
@@ -41,6 +42,8 @@ bool FDovrin::Form_Load() {
         mnuHelp[1]->setVisible(true);
         gsTitle = kTitle;
         SetCaption(gsTitle + " - Level 1 (1st Hand)");
+        goMidi = std::make_unique<CMidiFile>();
+        goMidi->SetLoopMusic(true);
         if (platform::cdtInit(mlCardWidth, mlCardHeight) == 0) throw std::runtime_error("");
         ShuffleDeck(game_.maDeck);
         storage::LoadSettings(*this);
@@ -122,7 +125,12 @@ void FDovrin::closeEvent(QCloseEvent* event) {
 void FDovrin::Form_QueryUnload() {
     if (unloading_) return;
     unloading_ = true;
+    tmrMidi->SetEnabled(false);
     SetMenusEnabled(true);
+    if (goMidi && goMidi->Active() && goMidi->Enabled()) {
+        goMidi->StopPlay(*this);
+        if (!goMidi->Enabled()) MusicFailed(*this);
+    }
     platform::cdtTerm();
     storage::Ini_Save(*this);
 }
@@ -161,9 +169,14 @@ void FDovrin::SetWinningsCaption(const std::string& caption) {
     mnuWinnings->setText(QString::fromStdString(caption));
 }
 
-bool FDovrin::MusicEnabled() const { return musicEnabled_; }
+void FDovrin::tmrMidi_Timer() { WatchTune(*this, "Circus.mid"); }
 
-void FDovrin::SetMusicEnabled(bool enabled) { musicEnabled_ = enabled; }
+// The music option is the music object's Enabled.
+bool FDovrin::MusicEnabled() const { return goMidi && goMidi->Enabled(); }
+
+void FDovrin::SetMusicEnabled(bool enabled) {
+    if (goMidi) goMidi->SetEnabled(enabled);
+}
 
 int FDovrin::WindowState() const { return isMaximized() ? 2 : 0; }
 

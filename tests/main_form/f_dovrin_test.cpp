@@ -14,6 +14,7 @@
 #include "platform/display/name_font.h"
 #include "platform/runtime/msgbox.h"
 #include "shell/f_dovrin.h"
+#include "sound/mod_global_music.h"
 #include "sound/mod_sound_lib.h"
 
 namespace {
@@ -38,6 +39,7 @@ protected:
         std::int32_t width = 0, height = 0;
         ASSERT_NE(platform::cdtInit(width, height), 0);
         form = std::make_unique<FDovrin>();
+        modGlobal::goMidi = std::make_unique<CMidiFile>();  // as the form's load creates it
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
         modSoundLib::SetKeyObserver(
@@ -173,6 +175,7 @@ TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
     ASSERT_FALSE(form->MusicEnabled());
     QTest::keyClick(form.get(), Qt::Key_M, Qt::ControlModifier);
     EXPECT_TRUE(form->MusicEnabled());
+    EXPECT_FALSE(modGlobal::goMidi->Active());  // the option starts no tune
     // Switching on sounds after the option is set, switching off before.
     EXPECT_EQ(keys, (std::vector<std::string>{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
 

@@ -1,0 +1,38 @@
+#include "sound/mod_global_music.h"
+
+#include <QWidget>
+
+#include "platform/display/platform_timer.h"
+#include "sound/f_midi_err.h"
+#include "storage/settings_file.h"
+
+namespace modGlobal {
+
+std::unique_ptr<CMidiFile> goMidi;
+storage::SettingsForm* goOptionEntries = nullptr;
+
+void MusicFailed(QWidget& pForm) {
+    if (auto* timer = pForm.findChild<platform::PlatformTimer*>(QStringLiteral("tmrMidi")))
+        timer->SetEnabled(false);
+    if (goOptionEntries) {
+        goOptionEntries->SetOptionMenuVisible(3, true);
+        goOptionEntries->SetOptionMenuVisible(4, false);
+    }
+    FMidiErr midiErr(&pForm);
+    midiErr.exec();
+}
+
+void WatchTune(QWidget& pForm, const std::string& psTune) {
+    if (!goMidi || !goMidi->Enabled()) return;
+    const std::int16_t position = goMidi->GetStatus("Position");
+    if (!goMidi->Enabled()) {
+        MusicFailed(pForm);
+        return;
+    }
+    if (position == goMidi->EndOfFile() && goMidi->LoopMusic()) {
+        goMidi->Play(pForm, psTune);
+        if (!goMidi->Enabled()) MusicFailed(pForm);
+    }
+}
+
+}  // namespace modGlobal

@@ -1,0 +1,33 @@
+// The music's procedures of modGlobal: the one music object, the failure
+// routine that tells the player, and the watch that loops a tune.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "sound/c_midi_file.h"
+
+class QWidget;
+
+namespace storage {
+class SettingsForm;
+}
+
+namespace modGlobal {
+
+// Created by the main form's load, released by its unload.
+extern std::unique_ptr<CMidiFile> goMidi;
+// The main form's option entries, whose music pair MusicFailed switches; the
+// main form registers itself.
+extern storage::SettingsForm* goOptionEntries;
+
+// After the music object turned itself off: stops the form's tmrMidi, offers
+// "Turn &Music On" in the menu, and shows FMidiErr.
+void MusicFailed(QWidget& pForm);
+
+// A tick of tmrMidi on the form that owns the tune: the end of the tune is
+// its position standing at the stored length, and a looping tune starts
+// again there.
+void WatchTune(QWidget& pForm, const std::string& psTune);
+
+}  // namespace modGlobal
