@@ -1,0 +1,99 @@
+// What the audio platform reads: the sequencer's text commands, the timing
+// of MIDI files, and wave images.
+#include <gtest/gtest.h>
+
+#include "platform/audio/mci_command.h"
+#include "platform/audio/midi_timing.h"
+#include "platform/audio/wave_image.h"
+#include "test_sounds.h"
+
+using namespace platform;
+
+TEST(MciCommandTest, TheProgramsCommandsReadInAnyLetterCase) {
+    MciCommand command;
+    ASSERT_EQ(ParseMciCommand("Open \"/home/a user/Circus.mid\" Alias MIDIfile", command), 0u);
+    EXPECT_EQ(command.verb, MciCommand::Open);
+    EXPECT_EQ(command.device, "/home/a user/Circus.mid");
+    EXPECT_EQ(command.alias, "MIDIfile");
+
+    ASSERT_EQ(ParseMciCommand("status midifile LENGTH", command), 0u);
+    EXPECT_EQ(command.verb, MciCommand::Status);
+    EXPECT_EQ(command.item, MciCommand::Length);
+    ASSERT_EQ(ParseMciCommand("Status MIDIfile Position", command), 0u);
+    EXPECT_EQ(command.item, MciCommand::Position);
+
+    const std::pair<const char*, MciCommand::Verb> plain[] = {{"Play MIDIfile", MciCommand::Play},
+                                                              {"Pause MIDIfile", MciCommand::Pause},
+                                                              {"  Resume\tMIDIfile ", MciCommand::Resume},
+                                                              {"Close MIDIfile", MciCommand::Close}};
+    for (const auto& [text, verb] : plain) {
+        ASSERT_EQ(ParseMciCommand(text, command), 0u) << text;
+        EXPECT_EQ(command.verb, verb) << text;
+        EXPECT_EQ(command.device, "MIDIfile") << text;
+    }
+}
+
+TEST(MciCommandTest, MalformedCommandsGetTheirErrorNumbers) {
+    const std::pair<const char*, std::uint32_t> refused[] = {
+        {"", MCIERR_MISSING_COMMAND_STRING},
+        {"Stop MIDIfile", MCIERR_UNRECOGNIZED_COMMAND},
+        {"Play", MCIERR_MISSING_DEVICE_NAME},
+        {"Open \"/tmp/a.mid Alias MIDIfile", MCIERR_NO_CLOSING_QUOTE},
+        {"Open \"/tmp/a.mid\" Alias", MCIERR_MISSING_STRING_ARGUMENT},
+        {"Status MIDIfile", MCIERR_MISSING_PARAMETER},
+        {"Status MIDIfile Tempo", MCIERR_UNRECOGNIZED_KEYWORD},
+        {"Play MIDIfile from 0", MCIERR_UNRECOGNIZED_KEYWORD},
+    };
+    for (const auto& [text, error] : refused) {
+        MciCommand command;
+        EXPECT_EQ(ParseMciCommand(text, command), error) << text;
+        EXPECT_FALSE(MciErrorText(error).empty());
+    }
+    EXPECT_TRUE(MciErrorText(0).empty());
+}
+
+TEST(MidiTimingTest, LengthFollowsTheTempoOfTheFile) {
+    // Two quarter notes at 120 a minute: one second.
+    auto timing = audio::MidiTiming::FromBytes(test_sounds::OneNoteMidi(500000, 960));
+    ASSERT_TRUE(timing);
+    EXPECT_EQ(timing->LastTick(), 960);
+    EXPECT_DOUBLE_EQ(timing->LengthMilliseconds(), 1000.0);
+    EXPECT_DOUBLE_EQ(timing->TickToMilliseconds(240), 250.0);
+    // Forty seconds at 60 a minute: beyond a 16-bit count of milliseconds.
+    timing = audio::MidiTiming::FromBytes(test_sounds::OneNoteMidi(1000000, 40 * 480));
+    ASSERT_TRUE(timing);
+    EXPECT_DOUBLE_EQ(timing->LengthMilliseconds(), 40000.0);
+}
+
+TEST(MidiTimingTest, WhatIsNoWholeMidiFileIsRefused) {
+    std::vector<std::uint8_t> file = test_sounds::OneNoteMidi(500000, 960);
+    std::vector<std::uint8_t> cut(file.begin(), file.end() - 5);
+    EXPECT_FALSE(audio::MidiTiming::FromBytes(cut));
+    std::vector<std::uint8_t> timecode = file;
+    timecode[12] = 0xe7;  // frames a second instead of ticks a quarter
+    EXPECT_FALSE(audio::MidiTiming::FromBytes(timecode));
+    const std::string text = "MThd is how this text begins, and nothing more";
+    EXPECT_FALSE(audio::MidiTiming::FromBytes({text.begin(), text.end()}));
+}
+
+TEST(WaveImageTest, SamplesAreMixedToOneChannelAtTheDevicesRate) {
+    // 8-bit stereo at 11,025 Hz: four frames, the channels apart.
+    std::vector<std::uint8_t> image = test_sounds::WaveImage({}, 11025);
+    image[22] = 2;                  // channels
+    image[34] = 8;                  // bits
+    for (std::uint8_t b : {255, 1, 255, 1, 192, 192, 64, 64}) image.push_back(b);
+    image[40] = 8;                  // data size
+    image[4] = static_cast<std::uint8_t>(image.size() - 8);
+    ASSERT_EQ(audio::WaveImageSize(image.data()), image.size());
+
+    auto samples = audio::DecodeWave(image.data(), image.size(), 44100);
+    ASSERT_TRUE(samples);
+    ASSERT_EQ(samples->size(), 16u);  // four times the frames
+    EXPECT_NEAR((*samples)[0], 0.0f, 0.01f);
+    EXPECT_NEAR((*samples)[8], 0.5f, 0.01f);
+    EXPECT_NEAR((*samples)[12], -0.5f, 0.01f);
+    EXPECT_NEAR((*samples)[10], 0.0f, 0.01f);  // halfway between the third and fourth frame
+
+    image[20] = 3;  // not PCM
+    EXPECT_FALSE(audio::DecodeWave(image.data(), image.size(), 44100));
+}

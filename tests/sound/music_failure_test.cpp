@@ -1,0 +1,85 @@
+// Music on a machine where no audio device opens: the first tune fails at
+// its open, and the program goes on without music, having said so once.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+
+#include <QAction>
+#include <QApplication>
+#include <QPushButton>
+#include <QTimer>
+
+#include "platform/audio/mci_command.h"
+#include "shell/f_dovrin.h"
+#include "sound/f_midi_err.h"
+#include "sound/mod_global_music.h"
+#include "sound/mod_sound_lib.h"
+#include "storage/storage_fixture.h"
+
+namespace {
+
+class MusicFailureTest : public DeliveredDbTest {
+protected:
+    int midiErrShown = 0;
+    QTimer okPresser;
+
+    void SetUp() override {
+        ::setenv("SDL_AUDIODRIVER", "no-such-driver", 1);
+        DeliveredDbTest::SetUp();
+        Deliver("dovrin.ini", app_.Path());
+        std::filesystem::copy_file(std::string(DOVRIN_PROGRAM_DIR) + "/Circus.mid", app_.File("Circus.mid"));
+        // Presses OK on each music error form that shows.
+        QObject::connect(&okPresser, &QTimer::timeout, [this] {
+            if (auto* form = qobject_cast<FMidiErr*>(QApplication::activeModalWidget())) {
+                ++midiErrShown;
+                form->cmdOK->click();
+            }
+        });
+        okPresser.start(10);
+    }
+    std::vector<std::string> ErrorLog() { return Rows("SELECT * FROM errorlog", {"action", "message"}); }
+};
+
+TEST_F(MusicFailureTest, TheFirstTuneFailsOnceAndTheMusicStaysOffIntoTheSettings) {
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    ASSERT_TRUE(modGlobal::goMidi->Enabled());  // musicon=TRUE as delivered
+    ASSERT_TRUE(form.mnuOption[4]->isVisible());
+
+    // What the fanfare of a high score does.
+    modGlobal::goMidi->Play(form, "Circus.mid");
+    EXPECT_FALSE(modGlobal::goMidi->Enabled());
+    EXPECT_FALSE(modGlobal::goMidi->Active());
+    modGlobal::MusicFailed(form);
+
+    EXPECT_EQ(midiErrShown, 1);
+    EXPECT_FALSE(form.tmrMidi->Enabled());
+    EXPECT_TRUE(form.mnuOption[3]->isVisible());  // "Turn &Music On" is offered
+    EXPECT_FALSE(form.mnuOption[4]->isVisible());
+    EXPECT_EQ(ErrorLog(), std::vector<std::string>{"Play|" + platform::MciErrorText(platform::MCIERR_SEQ_NOMIDIPRESENT)});
+
+    form.close();
+    std::ifstream settings(app_.File("dovrin.ini"));
+    const std::string text{std::istreambuf_iterator<char>(settings), {}};
+    EXPECT_NE(text.find("musicon=FALSE\r\n"), std::string::npos) << text;
+}
+
+TEST_F(MusicFailureTest, WithMusicOffNothingIsTriedAndEffectsAreSilentAtOnce) {
+    FDovrin form;
+    ASSERT_TRUE(form.Form_Load());
+    modGlobal::goMidi->SetEnabled(false);
+    modGlobal::goMidi->Play(form, "Circus.mid");
+    EXPECT_FALSE(modGlobal::goMidi->Active());
+    EXPECT_FALSE(form.tmrMidi->Enabled());
+    EXPECT_TRUE(ErrorLog().empty());
+
+    // The win's wave lasts seconds; without a device it isn't waited for.
+    modGlobal::gbSoundOn = true;
+    const auto start = std::chrono::steady_clock::now();
+    modSoundLib::PlayEffect("USERWON");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+    EXPECT_EQ(midiErrShown, 0);
+}
+
+}  // namespace
