@@ -36,6 +36,26 @@ def click_twips(window_id, x, y):
     xdo("mousemove", str(left + x // 15), str(top + y // 15), "click", "1")
 
 
+def notice_shown(timeout=1.0):
+    """Whether the notice of a refused move shows within the timeout: it
+    comes after the refusal's sound has played."""
+    end = time.time() + timeout
+    while time.time() < end:
+        if window("^Lantern! Dovrin$"):
+            return True
+        time.sleep(0.05)
+    return False
+
+
+def close_notice():
+    """Closes the notice and waits until it has gone, so that the next move
+    isn't taken for refused by the same notice."""
+    xdo("key", "Return")
+    end = time.time() + 2
+    while window("^Lantern! Dovrin$") and time.time() < end:
+        time.sleep(0.05)
+
+
 def shot(directory, name):
     if directory:
         subprocess.run(["import", "-window", "root", os.path.join(directory, name + ".png")])
@@ -67,6 +87,11 @@ def main():
     parser.add_argument("--user", default="Tester")
     parser.add_argument("--shots", default="")
     parser.add_argument("--timeout", type=float, default=600)
+    parser.add_argument("--hands", type=int, default=0, help="stop after this many hands (0: play the game out)")
+    parser.add_argument("--pause", type=float, default=1.0,
+                        help="seconds to wait after a move for the computers' turns (longer with sound)")
+    parser.add_argument("--tour", action="store_true",
+                        help="first move the pointer across the pot and the three animals")
     args = parser.parse_args()
 
     deadline = time.time() + args.timeout
@@ -96,31 +121,41 @@ def main():
             return answer_no(game_over, args.shots, deadline)
         if window("Hand Over"):
             hands += 1
+            if hands == args.hands:
+                shot(args.shots, f"hand_over_{hands}")
+                print(f"stopped after {hands} hands")
+                return 0
             shot(args.shots, f"hand_over_{hands}")
             xdo("key", "Return")
             cards = 13
             time.sleep(1.5)
             continue
+        if args.tour:
+            args.tour = False
+            time.sleep(args.pause)  # the human's turn, where the animals listen
+            # Into the pot, the fox, the owl and the cat on the bare table,
+            # each from outside its box.
+            for x, y in ((300, 265), (60, 265), (300, 265), (20, 380), (300, 380), (20, 120),
+                         (300, 120), (535, 130), (300, 200)):
+                xdo("mousemove", str(left + x), str(client_top + y))
+                time.sleep(0.3)
         row_left = (9630 // 2 - ((cards - 1) * 360 + 1070) // 2) / 15
         played = False
         for index in range(cards - 1, -1, -1):
             x = left + row_left + index * 24 + (30 if index == cards - 1 else 12)
             y = client_top + 340 + 48
             xdo("mousemove", str(int(x)), str(int(y)), "click", "1")
-            time.sleep(0.25)
-            if window("^Lantern! Dovrin$"):
-                xdo("key", "Return")
-                time.sleep(0.1)
+            if notice_shown():
+                close_notice()
                 continue
             played = True
             cards -= 1
             break
         if not played:
             xdo("mousemove", str(left + 580), str(client_top + 244), "click", "1")
-            time.sleep(0.25)
-            if window("^Lantern! Dovrin$"):
-                xdo("key", "Return")
-        time.sleep(1.0)  # the computers' three pauses
+            if notice_shown():
+                close_notice()
+        time.sleep(args.pause)  # the computers' three turns
     print("timed out")
     return 1
 

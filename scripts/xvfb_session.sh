@@ -13,9 +13,10 @@ unset QT_QPA_PLATFORM
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 
-# fresh_program PROGRAM_DIR DELIVERED_DIR TARGET: the program beside fresh
-# copies of the delivered settings file and database, as a new user gets them.
+# fresh_program PROGRAM_DIR DELIVERED_DIR TARGET: the program with its tunes
+# and sound beside fresh copies of the delivered settings file and database,
+# as a new user gets them.
 fresh_program() {
   mkdir -p "$3"
-  cp "$1"/dovrin "$2"/Lantern.mdb "$2"/dovrin.ini "$3"/
+  cp "$1"/dovrin "$1"/Circus.mid "$1"/sweetone.mid "$1"/PCluck.wav "$2"/Lantern.mdb "$2"/dovrin.ini "$3"/
 }

@@ -9,7 +9,8 @@
 //    the device is open with nothing to play;
 //  - the resident size before the first open of a tune and while it plays.
 // Run it with SDL_AUDIODRIVER=dummy (or disk with SDL_DISKAUDIOFILE), whose
-// callbacks run in real time.
+// callbacks come at about the pace of a real device; a little ahead of it, by
+// as much as the tune's position against the wall clock shows.
 #include <sys/resource.h>
 
 #include <algorithm>

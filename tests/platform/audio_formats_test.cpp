@@ -77,22 +77,23 @@ TEST(MidiTimingTest, WhatIsNoWholeMidiFileIsRefused) {
 }
 
 TEST(WaveImageTest, SamplesAreMixedToOneChannelAtTheDevicesRate) {
-    // 8-bit stereo at 11,025 Hz: four frames, the channels apart.
+    // 8-bit stereo at 11,025 Hz: 32 frames whose channels cancel, 32 at half
+    // the level and 32 at minus half.
     std::vector<std::uint8_t> image = test_sounds::WaveImage({}, 11025);
-    image[22] = 2;                  // channels
-    image[34] = 8;                  // bits
-    for (std::uint8_t b : {255, 1, 255, 1, 192, 192, 64, 64}) image.push_back(b);
-    image[40] = 8;                  // data size
+    image[22] = 2;  // channels
+    image[34] = 8;  // bits
+    for (auto [left, right] : {std::pair{255, 1}, std::pair{192, 192}, std::pair{64, 64}})
+        for (int frame = 0; frame < 32; ++frame) image.insert(image.end(), {std::uint8_t(left), std::uint8_t(right)});
+    image[40] = 192;  // data size
     image[4] = static_cast<std::uint8_t>(image.size() - 8);
     ASSERT_EQ(audio::WaveImageSize(image.data()), image.size());
 
     auto samples = audio::DecodeWave(image.data(), image.size(), 44100);
     ASSERT_TRUE(samples);
-    ASSERT_EQ(samples->size(), 16u);  // four times the frames
-    EXPECT_NEAR((*samples)[0], 0.0f, 0.01f);
-    EXPECT_NEAR((*samples)[8], 0.5f, 0.01f);
-    EXPECT_NEAR((*samples)[12], -0.5f, 0.01f);
-    EXPECT_NEAR((*samples)[10], 0.0f, 0.01f);  // halfway between the third and fourth frame
+    EXPECT_NEAR(static_cast<double>(samples->size()), 4 * 96, 8);  // four times the frames
+    EXPECT_NEAR((*samples)[4 * 16], 0.0f, 0.05f);
+    EXPECT_NEAR((*samples)[4 * 48], 0.5f, 0.05f);
+    EXPECT_NEAR((*samples)[4 * 80], -0.5f, 0.05f);
 
     image[20] = 3;  // not PCM
     EXPECT_FALSE(audio::DecodeWave(image.data(), image.size(), 44100));

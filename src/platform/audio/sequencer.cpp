@@ -170,7 +170,8 @@ void Sequencer::Close() {
 // FluidSynth's tick runs on for a while after the last event: a tune that
 // has ended stands at its length.
 std::int64_t Sequencer::PositionMilliseconds() const {
-    const std::int64_t tick = fluid_player_get_current_tick(player_);
+    std::int64_t tick = 0;
+    device_.Locked([&] { tick = fluid_player_get_current_tick(player_); });
     if (tick >= timing_->LastTick()) return length_;
     return std::min<std::int64_t>(static_cast<std::int64_t>(timing_->TickToMilliseconds(tick)), length_);
 }

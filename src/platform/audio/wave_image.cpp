@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <SDL.h>
+
 namespace platform::audio {
 
 namespace {
@@ -74,17 +76,22 @@ std::optional<std::vector<float>> DecodeWave(const std::uint8_t* image, std::siz
     }
     if (format.rate == deviceRate || mono.empty()) return mono;
 
-    // Linear interpolation to the device's rate.
-    const double step = static_cast<double>(format.rate) / deviceRate;
-    const auto frames = static_cast<std::size_t>(static_cast<double>(sourceFrames) / step);
-    std::vector<float> resampled(frames);
-    for (std::size_t i = 0; i < frames; ++i) {
-        const double at = static_cast<double>(i) * step;
-        const auto left = static_cast<std::size_t>(at);
-        const std::size_t right = std::min(left + 1, sourceFrames - 1);
-        const auto fraction = static_cast<float>(at - static_cast<double>(left));
-        resampled[i] = mono[left] + (mono[right] - mono[left]) * fraction;
-    }
+    // SDL's band-limited resampler: a plain interpolation would mirror the
+    // waves' upper half-octave above their own top frequency as a hiss. Its
+    // flush keeps back the filter's last stretch, so silence is fed after
+    // the samples and the result cut to their length.
+    SDL_AudioStream* stream = SDL_NewAudioStream(AUDIO_F32SYS, 1, format.rate, AUDIO_F32SYS, 1, deviceRate);
+    if (stream == nullptr) return std::nullopt;
+    const std::vector<float> tail(static_cast<std::size_t>(format.rate) / 10, 0.0f);
+    const auto frames = static_cast<std::size_t>(static_cast<double>(sourceFrames) * deviceRate / format.rate);
+    std::vector<float> resampled(frames + static_cast<std::size_t>(deviceRate) / 5);
+    int got = 0;
+    if (SDL_AudioStreamPut(stream, mono.data(), static_cast<int>(mono.size() * sizeof(float))) == 0 &&
+        SDL_AudioStreamPut(stream, tail.data(), static_cast<int>(tail.size() * sizeof(float))) == 0 &&
+        SDL_AudioStreamFlush(stream) == 0)
+        got = SDL_AudioStreamGet(stream, resampled.data(), static_cast<int>(resampled.size() * sizeof(float)));
+    resampled.resize(std::min(frames, got > 0 ? static_cast<std::size_t>(got) / sizeof(float) : 0));
+    SDL_FreeAudioStream(stream);
     return resampled;
 }
 
