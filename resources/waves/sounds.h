@@ -8,8 +8,8 @@
 namespace waves {
 
 struct Effect {
-  const char* file;  // the name it is written under
-  Samples (*make)();
+    const char* file;  // the name it is written under
+    Samples (*make)();
 };
 
 // Every effect the game ships, finished and ready to write.
