@@ -116,6 +116,8 @@ FDovrin::FDovrin(QWidget* parent)
     tmrMidi->SetEnabled(false);
     tmrMidi->SetInterval(500);
     connect(tmrMidi, &platform::PlatformTimer::Timer, this, &FDovrin::tmrMidi_Timer);
+    CreateSprites();
+    topTen_.SetHighScoreFanfare([this] { CelebrateHighScore(); });
     qApp->installEventFilter(this);  // the form sees the keys before its controls
 }
 

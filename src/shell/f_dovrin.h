@@ -6,6 +6,7 @@
 //   table/f_dovrin_input.cpp    mouse, keys and the hover boxes
 //   shell/f_dovrin_life.cpp     load, first activation, shut-down
 //   shell/f_dovrin_menus.cpp    the menu bar and the options
+//   shell/f_dovrin_sprites.cpp  the celebration of a high score
 #pragma once
 
 #include <array>
@@ -17,8 +18,10 @@
 
 #include "engine/game_state.h"
 #include "platform/display/form_surface.h"
+#include "platform/display/picture_box.h"
 #include "platform/display/platform_timer.h"
 #include "table/main_form_link.h"
+#include "table/sprite_record.h"
 #include "storage/settings_file.h"
 #include "storage/top_ten.h"
 
@@ -71,6 +74,25 @@ public:
     QPushButton* cmdUser = nullptr;
     platform::PlatformTimer tmrCount;
     platform::PlatformTimer* tmrMidi = new platform::PlatformTimer(this);  // watches the fanfare's tune
+
+    // --- the celebration of a high score (shell/f_dovrin_sprites.cpp) ---
+    platform::PictureBox* picHighScore = nullptr;  // the stage
+    std::array<platform::PictureBox*, 3> picSprite{};
+    std::array<platform::PictureBox*, 3> picMask{};
+    std::array<platform::PictureBox*, 3> picWorkArea{};
+    std::array<platform::PictureBox*, 3> picBackground{};
+    QLabel* lblLeft = nullptr;    // hidden: written and never read
+    QLabel* lblCenter = nullptr;
+    std::array<SpriteRecord, 4> maSprites{};
+    platform::PlatformTimer* tmrSprites = new platform::PlatformTimer(this);
+    platform::PlatformTimer* tmrHighScore = new platform::PlatformTimer(this);
+    std::int16_t miHighScoreTicks = 0;
+    bool mbHighScoreDone = false;
+    void tmrSprites_Timer();
+    void tmrHighScore_Timer();
+    // The fanfare: the tune, the stage and its balloons, the menus off, and
+    // the wait until the celebration has run its time.
+    void CelebrateHighScore();
 
     // --- the menu bar ---
     QMenu* mnuFileH = nullptr;
@@ -157,6 +179,9 @@ public:
     std::string MoneyCaption(int seat) const override;
     void SetWinningsCaption(const std::string& caption) override;
     void SetTopMenusEnabled(bool enabled) override;
+    bool HighScoreVisible() const override;
+    void HideHighScore() override;
+    QWidget* MusicOwner() override { return this; }
 
     // --- what the settings reach ---
     void SetOptionMenuVisible(int index, bool visible) override;
@@ -174,6 +199,8 @@ private:
     friend class TableCanvas;
     void CreateControls();
     void CreateMenus();
+    void CreateSprites();
+    void DrawLane(int lane);
     // Shows the user form with this caption on its second button; an empty
     // caption leaves the form's own.
     void ShowUserName(const std::string& exitCaption);

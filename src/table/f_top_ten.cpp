@@ -1,5 +1,8 @@
 #include "table/f_top_ten.h"
 
+#include "sound/mod_global_music.h"
+#include "table/main_form_link.h"
+
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -92,8 +95,18 @@ void FTopTen::Form_Activate() {
     if (modGlobal::gbDbFailed) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
+// The unload: a celebration that has stood behind the list ends here.
 void FTopTen::done(int result) {
     tmrTopTen.SetEnabled(false);
+    using modGlobal::goMainForm;
+    using modGlobal::goMidi;
+    if (goMainForm && goMainForm->HighScoreVisible()) goMainForm->HideHighScore();
+    QWidget* owner = goMainForm ? goMainForm->MusicOwner() : nullptr;
+    if (owner && goMidi && goMidi->Enabled() && goMidi->Active()) {
+        goMidi->StopPlay(*owner);
+        if (!goMidi->Enabled()) modGlobal::MusicFailed(*owner);
+    }
+    modGlobal::SetMenusEnabled(true);
     QDialog::done(result);
 }
 

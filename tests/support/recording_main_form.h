@@ -21,6 +21,9 @@ public:
     std::string MoneyCaption(int seat) const override { return money.at(seat); }
     void SetWinningsCaption(const std::string& caption) override { winningsCaption = caption; }
     void SetTopMenusEnabled(bool) override {}
+    bool HighScoreVisible() const override { return false; }
+    void HideHighScore() override {}
+    QWidget* MusicOwner() override { return nullptr; }
 
     std::string tag;
     std::array<std::string, 4> money;

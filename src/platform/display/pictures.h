@@ -2,6 +2,7 @@
 // drawn as SVG and rendered at the screen's pixel ratio so they stay sharp.
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QSize>
 #include <QString>
@@ -17,6 +18,16 @@ QPixmap LoadResPicture(int id, ResPictureType type);
 // A form's own picture by name (":/art/<name>.svg"), at size in logical
 // pixels, or at the drawing's own size when size is empty.
 QPixmap LoadArtPicture(const QString& name, QSize size = QSize());
+
+// A figure to stencil onto a stage with two blits: the figure on pure black,
+// and its silhouette in pure black on pure white. Drawn from a form's picture
+// at exactly size pixels; a pixel belongs to the figure when the drawing
+// covers it at least half.
+struct SpriteImages {
+    QImage figure;
+    QImage mask;
+};
+SpriteImages LoadSpriteImages(const QString& name, QSize size);
 
 // The highest pixel ratio of the screens: what pictures and cards are
 // rendered at.
