@@ -117,6 +117,7 @@ FDovrin::FDovrin(QWidget* parent)
     tmrMidi->SetInterval(500);
     connect(tmrMidi, &platform::PlatformTimer::Timer, this, &FDovrin::tmrMidi_Timer);
     CreateSprites();
+    CreateHelpPanel();
     topTen_.SetHighScoreFanfare([this] { CelebrateHighScore(); });
     qApp->installEventFilter(this);  // the form sees the keys before its controls
 }

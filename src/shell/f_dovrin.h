@@ -7,11 +7,13 @@
 //   shell/f_dovrin_life.cpp     load, first activation, shut-down
 //   shell/f_dovrin_menus.cpp    the menu bar and the options
 //   shell/f_dovrin_sprites.cpp  the celebration of a high score
+//   shell/f_dovrin_help.cpp     the rule book panel
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include <QMainWindow>
 #include <QPointer>
@@ -74,6 +76,14 @@ public:
     QPushButton* cmdUser = nullptr;
     platform::PlatformTimer tmrCount;
     platform::PlatformTimer* tmrMidi = new platform::PlatformTimer(this);  // watches the fanfare's tune
+
+    // --- the rule book (shell/f_dovrin_help.cpp) ---
+    QWidget* picHelp = nullptr;
+    QPushButton* cmdHelp = nullptr;
+    std::array<QLabel*, 25> lblHelp{};  // 13 to 24 are the rule book's
+    std::vector<QLabel*> imgHelp;
+    void cmdHelp_Click();
+    void mnuHelp_Click(int index);
 
     // --- the celebration of a high score (shell/f_dovrin_sprites.cpp) ---
     platform::PictureBox* picHighScore = nullptr;  // the stage
@@ -200,6 +210,7 @@ private:
     void CreateControls();
     void CreateMenus();
     void CreateSprites();
+    void CreateHelpPanel();
     void DrawLane(int lane);
     // Shows the user form with this caption on its second button; an empty
     // caption leaves the form's own.

@@ -125,6 +125,7 @@ void FDovrin::closeEvent(QCloseEvent* event) {
 void FDovrin::Form_QueryUnload() {
     if (unloading_) return;
     unloading_ = true;
+    picHelp->hide();
     HideHighScore();
     SetMenusEnabled(true);
     if (goMidi && goMidi->Active() && goMidi->Enabled()) {

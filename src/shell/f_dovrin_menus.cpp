@@ -65,6 +65,7 @@ void FDovrin::CreateMenus() {
 
     mnuHelpH = menuBar()->addMenu(QStringLiteral("&Help"));
     mnuHelp[0] = AddEntry(mnuHelpH, "How to &Play...", QKeySequence(Qt::Key_F1));
+    connect(mnuHelp[0], &QAction::triggered, this, [this] { mnuHelp_Click(0); });
     mnuHelp[1] = AddEntry(mnuHelpH, "How to &Contact Us...", QKeySequence(Qt::Key_F3));
     mnuHelp[2] = AddEntry(mnuHelpH, "Playing on a Network...", QKeySequence(Qt::Key_F4));
     mnuHelpH->addSeparator();

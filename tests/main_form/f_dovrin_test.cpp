@@ -189,3 +189,19 @@ TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
     EXPECT_EQ(responder.Boxes()[0].style, platform::kYesNo | platform::kQuestion);
     EXPECT_TRUE(form->isVisible());
 }
+
+TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosed) {
+    ASSERT_FALSE(form->picHelp->isVisible());
+    form->mnuHelp[0]->trigger();
+    ASSERT_TRUE(form->picHelp->isVisible());
+    EXPECT_TRUE(form->lblHelp[23]->text().contains(QStringLiteral("each hand, you  pay the pot an addtional $5")));
+    // The table sees no pointer through it: the panel lies over the pot's box.
+    QWidget* overPot = Canvas()->childAt(QPoint(60, 265));
+    ASSERT_NE(overPot, nullptr);
+    EXPECT_TRUE(overPot == form->picHelp || form->picHelp->isAncestorOf(overPot));
+    form->cmdHelp->click();
+    EXPECT_FALSE(form->picHelp->isVisible());
+    form->mnuHelp[0]->trigger();
+    form->close();  // the close takes it down too
+    EXPECT_FALSE(form->picHelp->isVisibleTo(form.get()));
+}
