@@ -13,13 +13,12 @@ namespace {
 
 const char* const kClose = "Close MIDIfile";
 
+}  // namespace
+
 void EnableMidiTimer(QWidget& form, bool enabled) {
-    // Both forms that own a tune have a timer of this name.
     if (auto* timer = form.findChild<platform::PlatformTimer*>(QStringLiteral("tmrMidi")))
         timer->SetEnabled(enabled);
 }
-
-}  // namespace
 
 void CMidiFile::SendOrLog(const std::string& psCommand, const std::string& psAction) {
     const std::uint32_t result = platform::mciSendStringA(psCommand.c_str(), nullptr, 0, nullptr);

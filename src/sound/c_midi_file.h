@@ -9,6 +9,10 @@
 
 class QWidget;
 
+// Enables or disables the timer tmrMidi of the form that owns a tune, found
+// by its name: both forms that play tunes have one.
+void EnableMidiTimer(QWidget& form, bool enabled);
+
 class CMidiFile {
 public:
     bool Enabled() const { return mbEnabled; }

@@ -2,7 +2,6 @@
 
 #include <QWidget>
 
-#include "platform/display/platform_timer.h"
 #include "sound/f_midi_err.h"
 #include "storage/settings_file.h"
 
@@ -12,8 +11,7 @@ std::unique_ptr<CMidiFile> goMidi;
 storage::SettingsForm* goOptionEntries = nullptr;
 
 void MusicFailed(QWidget& pForm) {
-    if (auto* timer = pForm.findChild<platform::PlatformTimer*>(QStringLiteral("tmrMidi")))
-        timer->SetEnabled(false);
+    EnableMidiTimer(pForm, false);
     if (goOptionEntries) {
         goOptionEntries->SetOptionMenuVisible(3, true);
         goOptionEntries->SetOptionMenuVisible(4, false);
