@@ -137,6 +137,9 @@ public:
     void mnuTopTen_Click();
     void mnuUser_Click(int index);
     void mnuWinnings_Click();
+    void mnuSendScore_Click();
+    void mnuAbout_Click();
+    void mnuDistribute_Click();
 
     // --- mouse and keys (table/f_dovrin_input.cpp) ---
     void Form_MouseDown(float x, float y);

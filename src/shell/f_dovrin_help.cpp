@@ -8,6 +8,7 @@
 
 #include "platform/display/pictures.h"
 #include "platform/display/twips.h"
+#include "screens/f_contact.h"
 #include "shell/f_dovrin.h"
 
 using platform::TwipsRect;
@@ -105,9 +106,14 @@ void FDovrin::CreateHelpPanel() {
 
 void FDovrin::cmdHelp_Click() { picHelp->hide(); }
 
+// The network entry stays hidden, and its click would do nothing.
 void FDovrin::mnuHelp_Click(int index) {
     if (index == 0) {
         picHelp->show();
         picHelp->raise();
+    } else if (index == 1) {
+        picHelp->hide();
+        FContact contact(this);
+        contact.exec();
     }
 }

@@ -6,6 +6,10 @@
 
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
+#include "screens/f_about.h"
+#include "screens/f_contact.h"
+#include "screens/f_distribute.h"
+#include "screens/f_send_score.h"
 #include "sound/mod_sound_lib.h"
 #include "table/f_animate.h"
 #include "shell/f_dovrin.h"
@@ -30,6 +34,7 @@ void FDovrin::CreateMenus() {
     mnuFile[1] = AddEntry(mnuFileH, "&Exit Dovrin", QKeySequence(Qt::CTRL | Qt::Key_X));
     mnuFileH->addSeparator();
     mnuSendScore = AddEntry(mnuFileH, "&Send Score...", QKeySequence(Qt::CTRL | Qt::Key_R));
+    connect(mnuSendScore, &QAction::triggered, this, &FDovrin::mnuSendScore_Click);
     mnuTopTen = AddEntry(mnuFileH, "&Top Ten List...", QKeySequence(Qt::CTRL | Qt::Key_T));
     connect(mnuTopTen, &QAction::triggered, this, &FDovrin::mnuTopTen_Click);
     for (int index = 0; index < 2; ++index)
@@ -65,12 +70,15 @@ void FDovrin::CreateMenus() {
 
     mnuHelpH = menuBar()->addMenu(QStringLiteral("&Help"));
     mnuHelp[0] = AddEntry(mnuHelpH, "How to &Play...", QKeySequence(Qt::Key_F1));
-    connect(mnuHelp[0], &QAction::triggered, this, [this] { mnuHelp_Click(0); });
     mnuHelp[1] = AddEntry(mnuHelpH, "How to &Contact Us...", QKeySequence(Qt::Key_F3));
     mnuHelp[2] = AddEntry(mnuHelpH, "Playing on a Network...", QKeySequence(Qt::Key_F4));
+    for (int index = 0; index < 3; ++index)
+        connect(mnuHelp[index], &QAction::triggered, this, [this, index] { mnuHelp_Click(index); });
     mnuHelpH->addSeparator();
     mnuAbout = AddEntry(mnuHelpH, "&About Dovrin...", QKeySequence(Qt::CTRL | Qt::Key_B));
+    connect(mnuAbout, &QAction::triggered, this, &FDovrin::mnuAbout_Click);
     mnuDistribute = AddEntry(mnuHelpH, "&Distributing Dovrin...", QKeySequence(Qt::CTRL | Qt::Key_D));
+    connect(mnuDistribute, &QAction::triggered, this, &FDovrin::mnuDistribute_Click);
 }
 
 void FDovrin::SetOptionMenuVisible(int index, bool visible) {
@@ -166,4 +174,20 @@ void FDovrin::mnuUser_Click(int index) {
 void FDovrin::mnuWinnings_Click() {
     FUserStats userStats(this);
     userStats.exec();
+}
+
+void FDovrin::mnuSendScore_Click() {
+    FSendScore sendScore(this);
+    sendScore.exec();
+}
+
+void FDovrin::mnuAbout_Click() {
+    picHelp->hide();
+    FAbout about(this);
+    about.exec();
+}
+
+void FDovrin::mnuDistribute_Click() {
+    FDistribute distribute(this);
+    distribute.exec();
 }

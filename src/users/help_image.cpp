@@ -1,7 +1,5 @@
 #include "users/help_image.h"
 
-#include <QMouseEvent>
-
 #include "engine/mod_global.h"
 #include "platform/display/pictures.h"
 #include "sound/mod_sound_lib.h"
@@ -13,13 +11,9 @@ constexpr int kImageSize = 28;
 
 }  // namespace
 
-HelpImage::HelpImage(QWidget* parent) : QLabel(parent) {
+HelpImage::HelpImage(QWidget* parent) : platform::ClickLabel(parent) {
     setPixmap(platform::LoadArtPicture(QStringLiteral("help"), QSize(kImageSize, kImageSize)));
     setCursor(Qt::PointingHandCursor);
-}
-
-void HelpImage::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
 }
 
 namespace users {

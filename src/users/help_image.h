@@ -1,18 +1,12 @@
 // imgHelp of the user forms: a picture that opens FHelp on a click.
 #pragma once
 
-#include <QLabel>
+#include "platform/display/click_label.h"
 
-class HelpImage : public QLabel {
+class HelpImage : public platform::ClickLabel {
     Q_OBJECT
 public:
     explicit HelpImage(QWidget* parent);
-
-signals:
-    void clicked();
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override;
 };
 
 namespace users {

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/display/card_library.h"
 #include "platform/display/name_font.h"
@@ -204,4 +205,33 @@ TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosed) {
     form->mnuHelp[0]->trigger();
     form->close();  // the close takes it down too
     EXPECT_FALSE(form->picHelp->isVisibleTo(form.get()));
+}
+
+// The title of the modal form that an entry opens, closed as soon as it shows.
+QString TitleOfFormOpenedBy(QAction* entry) {
+    QString title;
+    QTimer::singleShot(0, [&] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            title = modal->windowTitle();
+            modal->close();
+        }
+    });
+    entry->trigger();
+    return title;
+}
+
+TEST_F(MainFormTest, TheInformationEntriesOpenTheirFormsAndTwoTakeTheRuleBookDown) {
+    struct Entry {
+        QAction* action;
+        const char* title;
+        bool hidesRuleBook;
+    };
+    for (const Entry& entry : {Entry{form->mnuSendScore, "Submitting a Top Score...", false},
+                               Entry{form->mnuHelp[1], "Contacting Oakmere Software", true},
+                               Entry{form->mnuAbout, "About Lantern! Dovrin...", true},
+                               Entry{form->mnuDistribute, "Distributing Lantern! Dovrin", false}}) {
+        form->mnuHelp[0]->trigger();
+        EXPECT_EQ(TitleOfFormOpenedBy(entry.action).toStdString(), entry.title);
+        EXPECT_EQ(form->picHelp->isVisible(), !entry.hidesRuleBook) << entry.title;
+    }
 }

@@ -8,11 +8,18 @@
 namespace platform {
 
 ArtDialog::ArtDialog(QWidget* parent, const QString& pictureName, int widthTwips, int heightTwips)
-    : QDialog(parent) {
-    const QSize size(TwipsToPixels(widthTwips), TwipsToPixels(heightTwips));
-    picture_ = LoadArtPicture(pictureName, size);
+    : ArtDialog(parent, widthTwips, heightTwips) {
+    picture_ = LoadArtPicture(pictureName, size());
+}
+
+ArtDialog::ArtDialog(QWidget* parent, int widthTwips, int heightTwips) : QDialog(parent) {
     UseDesignFont(*this);
-    setFixedSize(size);
+    setFixedSize(TwipsToPixels(widthTwips), TwipsToPixels(heightTwips));
+}
+
+void ArtDialog::SetFormPicture(const QPixmap& picture) {
+    picture_ = picture;
+    update();
 }
 
 void ArtDialog::paintEvent(QPaintEvent*) {

@@ -1,5 +1,7 @@
 // The program's small forms: a fixed size given in twips, the design font,
-// and one of the program's pictures as the background.
+// and a picture as the background: one of the program's pictures drawn to
+// the form's size, or a form picture set at load, which stands at its own
+// size from the top left as the old forms showed theirs.
 #pragma once
 
 #include <QDialog>
@@ -10,6 +12,9 @@ namespace platform {
 class ArtDialog : public QDialog {
 public:
     ArtDialog(QWidget* parent, const QString& pictureName, int widthTwips, int heightTwips);
+    ArtDialog(QWidget* parent, int widthTwips, int heightTwips);
+
+    void SetFormPicture(const QPixmap& picture);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -25,7 +25,7 @@ public:
     QImage* hDC() { return &image_; }
     int Width() const { return image_.width(); }
     int Height() const { return image_.height(); }
-    // Shows the retained image at once.
+    // Shows the retained image with the next paint of the window.
     void Refresh();
     // The box's picture, drawn at its top left; the rest turns black.
     void SetPicture(const QImage& picture);

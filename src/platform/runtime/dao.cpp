@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "platform/runtime/dao_dialect.h"
+#include "platform/runtime/file_system.h"
 
 namespace dao {
 
@@ -320,9 +321,9 @@ double Variant::ToDouble() const {
 std::unique_ptr<Database> DBEngine::OpenDatabase(const std::string& name, bool exclusive, bool readOnly,
                                                   const std::string& connect) {
     auto c = std::make_shared<Connection>();
-    c->fileName = name;
+    c->fileName = platform::FindIgnoringCase(name);
     const int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    const int code = sqlite3_open_v2(name.c_str(), &c->db, flags, nullptr);
+    const int code = sqlite3_open_v2(c->fileName.c_str(), &c->db, flags, nullptr);
     if (code == SQLITE_CANTOPEN) FailCantOpen(name);
     if (code != SQLITE_OK) FailStatus(*c, code);
     const std::string password = ConnectPassword(connect);

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/runtime/file_system.h"
+
 namespace platform {
 
 RuntimeError::RuntimeError(std::int32_t number, const std::string& description)
@@ -156,7 +158,7 @@ void SetRegularInstallDirs(std::optional<std::array<std::string, 2>> dirs) {
 
 bool FileExists(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) == 0) return S_ISREG(status.st_mode);
+    if (::stat(FindIgnoringCase(path).c_str(), &status) == 0) return S_ISREG(status.st_mode);
     if (errno == ENAMETOOLONG) Raise(kErrBadFileNameOrNumber);
     return false;
 }
@@ -187,7 +189,7 @@ TextFile::~TextFile() {
 
 void TextFile::OpenForInput(const std::string& path) {
     if (file_) Raise(kErrFileAlreadyOpen);
-    std::FILE* file = std::fopen(path.c_str(), "rb");
+    std::FILE* file = std::fopen(FindIgnoringCase(path).c_str(), "rb");
     if (!file) RaiseOpenError(errno, path, false);
     struct stat status {};
     if (::fstat(::fileno(file), &status) != 0 || S_ISDIR(status.st_mode)) {
@@ -200,7 +202,7 @@ void TextFile::OpenForInput(const std::string& path) {
 
 void TextFile::OpenForOutput(const std::string& path) {
     if (file_) Raise(kErrFileAlreadyOpen);
-    std::FILE* file = std::fopen(path.c_str(), "wb");
+    std::FILE* file = std::fopen(FindIgnoringCase(path).c_str(), "wb");
     if (!file) RaiseOpenError(errno, path, true);
     file_ = file;
     forOutput_ = true;

@@ -96,13 +96,13 @@ void SetRegularInstallDirs(std::optional<std::array<std::string, 2>> dirs);
 
 // --- files ------------------------------------------------------------------
 
-// Whether a directory search finds exactly this name: a regular file, not a
-// directory. Error 52 for a name too long to search for.
+// Whether a directory search finds this name, whatever its letter case: a
+// regular file, not a directory. Error 52 for a name too long to search for.
 bool FileExists(const std::string& path);
 
 // One text file open for reading or for writing, line by line, with the
-// platform's file errors. Lines are written with CR LF; reading accepts CR LF,
-// LF or CR.
+// platform's file errors; an existing file is found whatever its letter
+// case. Lines are written with CR LF; reading accepts CR LF, LF or CR.
 class TextFile {
 public:
     TextFile() = default;
