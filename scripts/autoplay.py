@@ -61,16 +61,21 @@ def shot(directory, name):
         subprocess.run(["import", "-window", "root", os.path.join(directory, name + ".png")])
 
 
-def answer_no(game_over, shots, deadline):
-    """Answers "No", closes the top ten list that a winner sees after it, and
-    waits until the program has closed its window."""
-    click_twips(game_over, 1485 + 540, 1980 + 180)  # "&No"
+def answer_game_over(game_over, shots, deadline, again):
+    """Answers "No" (or "Yes" with again), photographs the fanfare of a high
+    score while it plays, closes the top ten list that a winner sees after it,
+    and waits until the program has closed its window (with again: until the
+    table is back, and photographs it)."""
+    button = 405 if again else 1485
+    click_twips(game_over, button + 540, 1980 + 180)
+    clicked = time.time()
+    fanfare_shots = [6, 14]  # seconds after the answer
     while time.time() < deadline:
         time.sleep(0.5)
         if not window("DOVRIN v3"):
             return 0
         if window("Game Over"):  # the click came before the form was ready
-            click_twips(window("Game Over"), 1485 + 540, 1980 + 180)
+            click_twips(window("Game Over"), button + 540, 1980 + 180)
             continue
         top_ten = window("Top Ten List")
         if top_ten:
@@ -78,6 +83,12 @@ def answer_no(game_over, shots, deadline):
             shot(shots, "top_ten")
             print("the user won: top ten list shown")
             click_twips(top_ten, 1245 + 600, 3855 + 180)  # "&OK"
+            if again:
+                time.sleep(2)
+                shot(shots, "table_after_top_ten")
+                return 0
+        elif fanfare_shots and time.time() - clicked >= fanfare_shots[0]:
+            shot(shots, f"fanfare_{fanfare_shots.pop(0)}s")
     print("timed out at the end of the game")
     return 1
 
@@ -90,6 +101,8 @@ def main():
     parser.add_argument("--hands", type=int, default=0, help="stop after this many hands (0: play the game out)")
     parser.add_argument("--pause", type=float, default=1.0,
                         help="seconds to wait after a move for the computers' turns (longer with sound)")
+    parser.add_argument("--again", action="store_true",
+                        help="answer Yes at the game's end, and stop when the table is back")
     parser.add_argument("--tour", action="store_true",
                         help="first move the pointer across the pot and the three animals")
     args = parser.parse_args()
@@ -118,7 +131,7 @@ def main():
             time.sleep(1)  # let its sound play
             shot(args.shots, "game_over")
             print(f"game over after {hands + 1} hands")
-            return answer_no(game_over, args.shots, deadline)
+            return answer_game_over(game_over, args.shots, deadline, args.again)
         if window("Hand Over"):
             hands += 1
             if hands == args.hands:

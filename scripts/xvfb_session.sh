@@ -5,7 +5,7 @@
 WORK=$(mktemp -d)
 end_session() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
 trap end_session EXIT
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 "${XVFB_SCREEN:-1024x768x24}" -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
 XVFB=$!
 for _ in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
 export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy

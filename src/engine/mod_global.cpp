@@ -133,6 +133,41 @@ DeckRandom& DeckSource() { return *gDeckSource; }
 
 void SetDeckSource(DeckRandom* source) { gDeckSource = source ? source : &gClockDeckRandom; }
 
+void StackedDeckRandom::Randomize() {
+    if (next_ > 0) stacked_ = true;
+    next_ = 0;
+}
+
+// The shuffle draws position floor(Rnd() * 52) of the deck as it lies: the
+// order's cards while stacking, then each position in turn.
+double StackedDeckRandom::Rnd() {
+    const int position = next_ % 52;
+    ++next_;
+    return ((stacked_ ? position : order_[position]) + 0.5) / 52;
+}
+
+std::optional<std::array<Card, 52>> ParseDeckOrder(const std::string& text) {
+    std::array<Card, 52> order{};
+    std::array<bool, 52> seen{};
+    std::size_t count = 0;
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        std::size_t end = text.find(',', start);
+        if (end == std::string::npos) end = text.size();
+        const std::string number = text.substr(start, end - start);
+        start = end + 1;
+        if (number.empty() || number.size() > 2 || count == 52 ||
+            number.find_first_not_of("0123456789") != std::string::npos)
+            return std::nullopt;
+        const int card = std::stoi(number);
+        if (card > 51 || seen[card]) return std::nullopt;
+        seen[card] = true;
+        order[count++] = static_cast<Card>(card);
+    }
+    if (count != 52) return std::nullopt;
+    return order;
+}
+
 void ShuffleDeck(std::array<Card, 52>& deck) {
     const std::array<Card, 52> copy = deck;
     DeckRandom& source = DeckSource();

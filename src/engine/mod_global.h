@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -85,6 +86,25 @@ public:
 };
 DeckRandom& DeckSource();
 void SetDeckSource(DeckRandom* source);  // nullptr restores the clock-seeded source
+
+// A stacked deck, to play a deal again: the first shuffle of a game's fresh
+// deck (cards 0 to 51 in order) lays the cards in the given order, and every
+// later shuffle leaves them as they lie, so every hand deals the same.
+class StackedDeckRandom : public DeckRandom {
+public:
+    explicit StackedDeckRandom(const std::array<Card, 52>& order) : order_(order) {}
+    void Randomize() override;
+    double Rnd() override;
+
+private:
+    std::array<Card, 52> order_;
+    bool stacked_ = false;  // the first shuffle is over
+    int next_ = 0;
+};
+
+// A deck order as 52 card numbers separated by commas, each card once;
+// nullopt for anything else.
+std::optional<std::array<Card, 52>> ParseDeckOrder(const std::string& text);
 
 // Permutes the 52 cards in place by one pass of rejection sampling.
 void ShuffleDeck(std::array<Card, 52>& deck);

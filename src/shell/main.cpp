@@ -1,5 +1,8 @@
 // The program's entry: measures the screen, reads the copy-link option, and
 // shows the main form, whose events then carry the run.
+#include <cstdlib>
+#include <optional>
+
 #include <QScreen>
 
 #include "engine/mod_global.h"
@@ -9,7 +12,28 @@
 #include "storage/settings_file.h"
 #include "shell/f_dovrin.h"
 
+#ifdef DOVRIN_STACKED_DEAL
+namespace {
+
+// A test build plays one deal again and again, to reach what chance rarely
+// gives, such as a win of $500.
+void StackTheDeck() {
+    static std::optional<modGlobal::StackedDeckRandom> stacked;
+    const char* order = std::getenv("DOVRIN_DEAL");
+    if (!order) return;
+    if (const auto cards = modGlobal::ParseDeckOrder(order)) {
+        stacked.emplace(*cards);
+        modGlobal::SetDeckSource(&*stacked);
+    }
+}
+
+}  // namespace
+#endif
+
 int main(int argc, char** argv) {
+#ifdef DOVRIN_STACKED_DEAL
+    StackTheDeck();
+#endif
     platform::ProgramApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
     QApplication::setDesktopFileName(QStringLiteral("lantern-dovrin"));

@@ -38,3 +38,28 @@ TEST(Cards, ShuffleTakesTheDrawnPositionsOfTheOldOrder) {
     for (Card c = 106; c <= 150; ++c) expected.push_back(c);
     EXPECT_EQ(std::vector<Card>(deck.begin(), deck.end()), expected);
 }
+
+// A stacked deck lays its order on the first shuffle of a fresh deck and
+// keeps it through later shuffles; only a whole deck, each card once, reads.
+TEST(Cards, AStackedDeckDealsItsOrderEveryHand) {
+    std::array<Card, 52> order{};
+    std::iota(order.rbegin(), order.rend(), Card{0});  // 51 down to 0
+    std::string text;
+    for (Card c : order) text += (text.empty() ? "" : ",") + std::to_string(c);
+    const auto parsed = modGlobal::ParseDeckOrder(text);
+    ASSERT_TRUE(parsed.has_value());
+    EXPECT_EQ(*parsed, order);
+    for (const std::string& bad : {text + ",0", text.substr(0, text.rfind(',')), text.substr(0, text.rfind(',')) + ",51",
+                                   text.substr(0, text.rfind(',')) + ",52", text.substr(0, text.rfind(',')) + ",x"})
+        EXPECT_FALSE(modGlobal::ParseDeckOrder(bad).has_value()) << bad;
+
+    modGlobal::StackedDeckRandom stacked(order);
+    modGlobal::SetDeckSource(&stacked);
+    std::array<Card, 52> deck{};
+    std::iota(deck.begin(), deck.end(), Card{0});
+    for (int hand = 0; hand < 3; ++hand) {
+        modGlobal::ShuffleDeck(deck);
+        EXPECT_EQ(deck, order) << "hand " << hand;
+    }
+    modGlobal::SetDeckSource(nullptr);
+}

@@ -105,7 +105,7 @@ private:
 
 TEST(Simulator, EveryMoveOfATraceIsLegalAndEveryDollarAccountedFor) {
     for (auto routines : {std::array<std::int16_t, 4>{0, 0, 0, 0}, {2, 1, 0, 2}}) {
-        SimOptions options{40, 12345, routines};
+        SimOptions options{40, 12345, routines, std::nullopt};
         SCOPED_TRACE(testing::Message() << "seed 12345, routines " << routines[0] << routines[1]
                                         << routines[2] << routines[3]);
         SimResult result;

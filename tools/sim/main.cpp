@@ -4,15 +4,17 @@
 #include <sstream>
 #include <string>
 
+#include "engine/mod_global.h"
 #include "simulator.h"
 
 namespace {
 
 const char* const kUsage =
-    "usage: dovrin-sim [--games N] [--seed S] [--routines R0,R1,R2,R3] [--json | --trace]\n"
+    "usage: dovrin-sim [--games N] [--seed S] [--routines R0,R1,R2,R3] [--deal C0,...,C51] [--json | --trace]\n"
     "  --games N     games to play (default 1000)\n"
     "  --seed S      1 to 2147483646: repeat a run exactly (default: from the clock)\n"
     "  --routines    each seat's choice routine, E, M or H (default E,E,E,E)\n"
+    "  --deal        a stacked deck (card = rank * 4 + suit), dealt in turn from seat 0 in every hand\n"
     "  --json        the summary as one JSON object\n"
     "  --trace       one line per event instead of the summary\n";
 
@@ -103,6 +105,10 @@ int main(int argc, char** argv) {
             options.seed = static_cast<std::int32_t>(ParseNumber(value(), 1, 2147483646, "seed"));
         else if (arg == "--routines")
             options.routines = ParseRoutines(value());
+        else if (arg == "--deal") {
+            options.deal = modGlobal::ParseDeckOrder(value());
+            if (!options.deal) Fail("--deal needs the 52 cards 0 to 51, each once, separated by commas");
+        }
         else if (arg == "--json")
             json = true;
         else if (arg == "--trace")

@@ -127,6 +127,11 @@ SimResult RunSimulation(const SimOptions& options, std::ostream* trace) {
         seededDeck.emplace(*options.seed);
         modGlobal::SetDeckSource(&*seededDeck);
     }
+    std::optional<modGlobal::StackedDeckRandom> stackedDeck;
+    if (options.deal) {
+        stackedDeck.emplace(*options.deal);
+        modGlobal::SetDeckSource(&*stackedDeck);
+    }
 
     SimTable table(options.games, trace);
     Game game(table);

@@ -12,6 +12,7 @@ struct SimOptions {
     int games = 1000;
     std::optional<std::int32_t> seed;  // 1 .. 2147483646; none: both sources from the clock
     std::array<std::int16_t, 4> routines{0, 0, 0, 0};  // 0 Easy, 1 Medium, 2 Hard
+    std::optional<std::array<std::int16_t, 52>> deal;  // a stacked deck, dealt every hand
 };
 
 struct SeatSummary {
