@@ -174,6 +174,7 @@ void FDovrin::CreateControls() {
     cmdWantMore->setIcon(QIcon(platform::LoadArtPicture(QStringLiteral("want_more"))));
     cmdWantMore->setIconSize(QSize(94, 20));
     cmdWantMore->setToolTip(QStringLiteral("Want more?"));
+    connect(cmdWantMore, &QPushButton::clicked, this, &FDovrin::cmdWantMore_Click);
 
     cmdUser = new QPushButton(canvas_);
     cmdUser->setGeometry(TwipsRect(7920, 3250, 1575, 840));

@@ -23,7 +23,7 @@
 #include "platform/display/picture_box.h"
 #include "platform/display/platform_timer.h"
 #include "table/main_form_link.h"
-#include "table/sprite_record.h"
+#include "platform/display/sprite_record.h"
 #include "storage/settings_file.h"
 #include "storage/top_ten.h"
 
@@ -140,6 +140,7 @@ public:
     void mnuSendScore_Click();
     void mnuAbout_Click();
     void mnuDistribute_Click();
+    void cmdWantMore_Click();
 
     // --- mouse and keys (table/f_dovrin_input.cpp) ---
     void Form_MouseDown(float x, float y);

@@ -10,6 +10,7 @@
 #include "screens/f_contact.h"
 #include "screens/f_distribute.h"
 #include "screens/f_send_score.h"
+#include "screens/f_want_more.h"
 #include "sound/mod_sound_lib.h"
 #include "table/f_animate.h"
 #include "shell/f_dovrin.h"
@@ -190,4 +191,9 @@ void FDovrin::mnuAbout_Click() {
 void FDovrin::mnuDistribute_Click() {
     FDistribute distribute(this);
     distribute.exec();
+}
+
+void FDovrin::cmdWantMore_Click() {
+    FWantMore wantMore(this);
+    wantMore.exec();
 }
