@@ -3,21 +3,18 @@
 // handler alone, and with the paint of the stage it asks for), then the
 // processor use of a whole celebration with its tune. Run it on a real
 // display (Xvfb) with a program directory of delivered files as its argument.
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <functional>
-#include <vector>
 
 #include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
 #include <QTimer>
 
+#include "bench_program.h"
+#include "bench_timing.h"
 #include "platform/display/picture_box.h"
-#include "platform/runtime/runtime.h"
 #include "shell/f_dovrin.h"
 #include "sound/mod_global_music.h"
 #include "users/f_user_name.h"
@@ -26,22 +23,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-double ProcessSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
-}
-
 void Report(const char* what, int runs, const std::function<void()>& run) {
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        const auto start = Clock::now();
-        run();
-        times.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    std::printf("%-44s median %6.1f us   99th %6.1f us   max %6.1f us   (%d ticks)\n", what, times[times.size() / 2],
-                times[times.size() * 99 / 100], times.back(), runs);
+    const Spread spread = SpreadOf(TimeRuns(runs, run));
+    std::printf("%-44s median %6.1f us   99th %6.1f us   max %6.1f us   (%d ticks)\n", what, spread.median, spread.p99,
+                spread.worst, runs);
 }
 
 void Measure(FDovrin& form) {
@@ -97,11 +82,7 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s PROGRAM_DIR\n", argv[0]);
-        return 2;
-    }
-    platform::SetAppPath(std::string(argv[1]));
+    if (!UseProgramDirectory(argc, argv)) return 2;
     QApplication app(argc, argv);
     auto* form = new FDovrin;
     Driver driver(*form);

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QWidget>
 
+#include "bench_timing.h"
 #include "engine/cards.h"
 #include "platform/display/card_library.h"
 #include "platform/display/counting_wait.h"
@@ -21,7 +22,6 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 
 class TableForm : public QWidget {
 public:
@@ -50,17 +50,10 @@ void FullRedraw(platform::FormSurface& surface) {
 
 // Median and mean of repeated runs, in microseconds.
 void Report(const char* what, int runs, const std::function<void()>& run) {
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        const auto start = Clock::now();
-        run();
-        times.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
-    }
+    const std::vector<double> times = TimeRuns(runs, run);
     double sum = 0;
     for (double t : times) sum += t;
-    std::sort(times.begin(), times.end());
-    std::printf("%-52s median %8.1f us   mean %8.1f us   (%d runs)\n", what, times[times.size() / 2],
-                sum / runs, runs);
+    std::printf("%-52s median %8.1f us   mean %8.1f us   (%d runs)\n", what, SpreadOf(times).median, sum / runs, runs);
 }
 
 }  // namespace

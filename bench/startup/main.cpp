@@ -11,7 +11,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include "platform/runtime/runtime.h"
+#include "bench_program.h"
 #include "shell/f_dovrin.h"
 #include "users/f_user_name.h"
 
@@ -65,11 +65,7 @@ private:
 
 int main(int argc, char** argv) {
     const auto start = Clock::now();
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s PROGRAM_DIR\n", argv[0]);
-        return 2;
-    }
-    platform::SetAppPath(std::string(argv[1]));
+    if (!UseProgramDirectory(argc, argv)) return 2;
     QApplication app(argc, argv);
     auto* form = new FDovrin;
     PaintWatch watch(*form, start);

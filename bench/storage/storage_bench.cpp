@@ -11,6 +11,7 @@
 #include <functional>
 #include <vector>
 
+#include "bench_timing.h"
 #include "engine/mod_global.h"
 #include "game_schema.h"
 #include "platform/runtime/msgbox.h"
@@ -21,7 +22,6 @@
 #include "table/f_game_over.h"
 
 using namespace modGlobal;
-using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -30,14 +30,8 @@ struct Figures {
 };
 
 Figures Time(int runs, const std::function<void()>& work) {
-    std::vector<double> ms;
-    for (int i = 0; i < runs; ++i) {
-        const auto start = Clock::now();
-        work();
-        ms.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
-    }
-    std::sort(ms.begin(), ms.end());
-    return {ms[ms.size() / 2], ms.front(), ms.back()};
+    const Spread spread = SpreadOf(TimeRuns<std::milli>(runs, work));
+    return {spread.median, spread.best, spread.worst};
 }
 
 void Report(const char* what, const Figures& f) {

@@ -6,29 +6,19 @@
 // Then the processor use while a new form plays by itself, tune and
 // penguins' sound included. Run it on a real display (Xvfb) with a program
 // directory of delivered files as its argument.
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 #include <QApplication>
 #include <QTimer>
 
+#include "bench_program.h"
+#include "bench_timing.h"
 #include "engine/mod_global.h"
-#include "platform/runtime/runtime.h"
 #include "screens/f_want_more.h"
 #include "sound/mod_global_music.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-double ProcessSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
-}
 
 // One platform tick of the scene: the timers that are due and enabled.
 void Tick(FWantMore& form, long tick) {
@@ -48,27 +38,23 @@ void TimeTicks(const char* what, bool paint) {
     int rounds = 0;
     bool inScript = false;
     for (long tick = 0; rounds < 2 && tick < 200000; ++tick) {
-        const auto start = Clock::now();
-        Tick(form, tick);
-        if (paint) form.picForm->repaint();
-        times.push_back(std::chrono::duration<double, std::micro>(Clock::now() - start).count());
+        times.push_back(TimeRuns(1, [&] {
+            Tick(form, tick);
+            if (paint) form.picForm->repaint();
+        })[0]);
         if (inScript && !form.tmrUFO->Enabled()) ++rounds;
         inScript = form.tmrUFO->Enabled();
     }
-    std::sort(times.begin(), times.end());
-    std::printf("%-40s median %6.1f us   99.9th %6.1f us   max %6.1f us   (%zu ticks)\n", what,
-                times[times.size() / 2], times[times.size() * 999 / 1000], times.back(), times.size());
+    const Spread spread = SpreadOf(times);
+    std::printf("%-40s median %6.1f us   99.9th %6.1f us   max %6.1f us   (%zu ticks)\n", what, spread.median,
+                spread.p999, spread.worst, times.size());
     form.close();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s PROGRAM_DIR\n", argv[0]);
-        return 2;
-    }
-    platform::SetAppPath(std::string(argv[1]));
+    if (!UseProgramDirectory(argc, argv)) return 2;
     QApplication app(argc, argv);
     TimeTicks("one tick of the scene (handlers)", false);
     TimeTicks("one tick of the scene, stage painted", true);
