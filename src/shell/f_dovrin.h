@@ -216,6 +216,7 @@ private:
     void CreateSprites();
     void CreateHelpPanel();
     void DrawLane(int lane);
+    void LoadSpriteArt();
     // Shows the user form with this caption on its second button; an empty
     // caption leaves the form's own.
     void ShowUserName(const std::string& exitCaption);
@@ -233,6 +234,7 @@ private:
     bool mbActivated = false;
     bool activating_ = false;  // the first activation is under way
     bool unloading_ = false;
+    bool spriteArtLoaded_ = false;
     std::int32_t mlCardWidth = 0;   // filled by the card library and read by nothing:
     std::int32_t mlCardHeight = 0;  // the table uses its own card size in twips
     QPointer<FAnimate> animate_;

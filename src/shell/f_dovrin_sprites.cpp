@@ -45,15 +45,10 @@ void FDovrin::CreateSprites() {
     QWidget* canvas = centralWidget();
     picHighScore = new PictureBox(canvas, kStage);
     picHighScore->setGeometry(platform::TwipsRect(15, 0, 9615, 6735));
-    picHighScore->SetPicture(platform::LoadArtPicture(QStringLiteral("high_score"), kStage).toImage());
     picHighScore->hide();
     for (int kind = 0; kind < 3; ++kind) {
-        const platform::SpriteImages art =
-            platform::LoadSpriteImages(QStringLiteral("balloon_%1").arg(kind), kSpriteSizes[kind]);
         picSprite[kind] = new PictureBox(this, kSpriteSizes[kind]);
-        picSprite[kind]->SetPicture(art.figure);
         picMask[kind] = new PictureBox(this, kSpriteSizes[kind]);
-        picMask[kind]->SetPicture(art.mask);
         picWorkArea[kind] = new PictureBox(this, kWorkArea);
         picBackground[kind] = new PictureBox(this, kBackground);
         for (PictureBox* box : {picSprite[kind], picMask[kind], picWorkArea[kind], picBackground[kind]}) box->hide();
@@ -73,7 +68,22 @@ void FDovrin::CreateSprites() {
     connect(tmrHighScore, &platform::PlatformTimer::Timer, this, &FDovrin::tmrHighScore_Timer);
 }
 
+// The celebration's pictures are drawn the first time they are needed: a
+// fifth of the start-up went into them, for a moment that most runs never see.
+void FDovrin::LoadSpriteArt() {
+    if (spriteArtLoaded_) return;
+    spriteArtLoaded_ = true;
+    picHighScore->SetPicture(platform::LoadArtPicture(QStringLiteral("high_score"), kStage).toImage());
+    for (int kind = 0; kind < 3; ++kind) {
+        const platform::SpriteImages art =
+            platform::LoadSpriteImages(QStringLiteral("balloon_%1").arg(kind), kSpriteSizes[kind]);
+        picSprite[kind]->SetPicture(art.figure);
+        picMask[kind]->SetPicture(art.mask);
+    }
+}
+
 void FDovrin::CelebrateHighScore() {
+    LoadSpriteArt();
     if (goMidi && goMidi->Enabled()) {
         goMidi->Play(*this, "Circus.mid");
         if (!goMidi->Enabled()) MusicFailed(*this);
@@ -106,6 +116,7 @@ void FDovrin::tmrHighScore_Timer() {
 }
 
 void FDovrin::tmrSprites_Timer() {
+    LoadSpriteArt();
     for (int lane = 0; lane < 3; ++lane) {
         SpriteRecord& sprite = maSprites[lane];
         if (sprite.Active) {

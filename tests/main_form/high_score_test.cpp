@@ -36,10 +36,11 @@ protected:
 
 TEST_F(HighScoreTest, LanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas) {
     form->tmrSprites->SetEnabled(true);
-    const QImage stage = LaneZeroBand();
     const auto& lane = form->maSprites;
 
-    Tick(1);
+    Tick(1);  // the stage's picture is drawn; the lane starts below it
+    const QImage stage = LaneZeroBand();
+    EXPECT_NE(stage.pixel(100, 100), qRgb(0, 0, 0));
     EXPECT_TRUE(lane[0].Active);
     EXPECT_EQ(lane[0].Y, 500);
     EXPECT_GE(lane[0].X, 1);
