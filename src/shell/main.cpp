@@ -1,5 +1,6 @@
-// The program's entry: measures the screen, reads the copy-link option, and
-// shows the main form, whose events then carry the run.
+// The program's entry: settles where the program's files lie, measures the
+// screen, looks after the installation (an older version, a launcher on the
+// desktop), and shows the main form, whose events then carry the run.
 #include <cstdlib>
 #include <optional>
 
@@ -8,9 +9,12 @@
 #include "engine/mod_global.h"
 #include "platform/display/program_application.h"
 #include "platform/runtime/msgbox.h"
+#include "platform/runtime/program_place.h"
 #include "platform/runtime/runtime.h"
-#include "storage/settings_file.h"
+#include "shell/f_copy_icon.h"
 #include "shell/f_dovrin.h"
+#include "shell/housekeeping.h"
+#include "storage/settings_file.h"
 
 #ifdef DOVRIN_STACKED_DEAL
 namespace {
@@ -37,12 +41,23 @@ int main(int argc, char** argv) {
     platform::ProgramApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
     QApplication::setDesktopFileName(QStringLiteral("lantern-dovrin"));
+    // An installed program keeps each user's files in a folder of their own.
+    if (const std::string failure = platform::SettleProgramPlace(); !failure.empty()) {
+        platform::MsgBox(failure, platform::kExclamation, "LANTERN! Dovrin");
+        return 1;
+    }
     try {
         const QSize screen = QGuiApplication::primaryScreen()->geometry().size();
         modGlobal::gbMaximize = screen.width() == 640 && screen.height() == 480;
         modGlobal::gsWordPadPath = "/usr/bin/xdg-open";
         bool noUser = false;
         modGlobal::gbCopyLink = modGlobal::ReadCopyLinkOption(noUser);
+        if (noUser) modGlobal::RemoveOlderVersion();
+        // Asking for the desktop folder starts a process: only when it matters.
+        if (modGlobal::gbCopyLink && modGlobal::OnDesktopFolderPlatform() && !modGlobal::HasDesktopShortcut()) {
+            FCopyIcon copyIcon;
+            copyIcon.exec();
+        }
     } catch (const platform::RuntimeError& error) {
         platform::MsgBox(std::to_string(error.Number()) + ": " + error.Description(),
                          platform::kExclamation, "Dovrin (Sub Main)");

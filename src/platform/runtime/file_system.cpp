@@ -15,6 +15,7 @@ namespace platform {
 namespace {
 
 std::optional<std::string> gOldDriveRoot;
+std::optional<std::string> gDesktopFolder;
 
 std::string HomeFolder() {
     if (gOldDriveRoot) return *gOldDriveRoot;
@@ -41,10 +42,63 @@ std::optional<std::string> MatchInDirectory(const std::string& directory, const 
 
 bool IsReadOnly(const struct stat& status) { return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0; }
 
+bool StartsWithIgnoringCase(std::string_view text, std::string_view start) {
+    return text.size() >= start.size() && SameIgnoringCase(text.substr(0, start.size()), start);
+}
+
+// The wildcards of a directory search, without regard to letter case.
+bool Matches(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*") return true;  // every file, with an ending or without
+    if (pattern.empty()) return name.empty();
+    if (pattern.front() == '*')
+        return Matches(name, pattern.substr(1)) || (!name.empty() && Matches(name.substr(1), pattern));
+    if (name.empty()) return false;
+    const bool same = pattern.front() == '?' || UCase(name.substr(0, 1)) == UCase(pattern.substr(0, 1));
+    return same && Matches(name.substr(1), pattern.substr(1));
+}
+
+std::string AskedDesktopFolder() {
+    std::string named;
+    if (std::FILE* pipe = ::popen("xdg-user-dir DESKTOP 2>/dev/null", "r")) {
+        char buffer[4096];
+        while (std::fgets(buffer, sizeof buffer, pipe)) named += buffer;
+        ::pclose(pipe);
+    }
+    while (!named.empty() && (named.back() == '\n' || named.back() == '\r')) named.pop_back();
+    // Without a desktop of its own the tool names the home folder.
+    if (!named.empty() && named != HomeFolder() && DirExists(named)) return named;
+    const std::string usual = HomeFolder() + "/Desktop";
+    return DirExists(usual) ? usual : std::string();
+}
+
 }  // namespace
 
+std::string DesktopFolder() {
+    if (!gDesktopFolder) gDesktopFolder = AskedDesktopFolder();
+    return *gDesktopFolder;
+}
+
+void SetDesktopFolder(std::optional<std::string> folder) { gDesktopFolder = std::move(folder); }
+
 std::string OldPlatformPath(std::string_view path) {
+    struct Folder {
+        std::string_view old;
+        std::string here;
+    };
+    const Folder folders[] = {
+        {"C:\\WINDOWS\\DESKTOP", DesktopFolder().empty() ? HomeFolder() + "/Desktop" : DesktopFolder()},
+        {"C:\\WINDOWS\\Start Menu\\Programs", HomeFolder() + "/.local/share/applications"},
+    };
     std::string rest(path);
+    if (rest.size() >= 4 && SameIgnoringCase(std::string_view(rest).substr(rest.size() - 4), ".lnk"))
+        rest.replace(rest.size() - 4, 4, ".desktop");
+    for (const Folder& folder : folders) {
+        if (!StartsWithIgnoringCase(rest, folder.old)) continue;
+        std::string tail = rest.substr(folder.old.size());
+        for (char& c : tail)
+            if (c == '\\') c = '/';
+        return folder.here + tail;
+    }
     const bool onDrive = rest.size() >= 2 && rest[1] == ':' &&
                          ((rest[0] >= 'A' && rest[0] <= 'Z') || (rest[0] >= 'a' && rest[0] <= 'z'));
     if (onDrive) rest.erase(0, 2);
@@ -91,11 +145,39 @@ void MkDir(const std::string& path) {
     Raise(errno == ENOENT ? kErrPathNotFound : kErrPathFileAccess);
 }
 
+std::vector<std::string> Dir(const std::string& pattern) {
+    const auto slash = pattern.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : FindIgnoringCase(pattern.substr(0, slash));
+    const std::string wanted = slash == std::string::npos ? pattern : pattern.substr(slash + 1);
+    std::vector<std::string> names;
+    std::unique_ptr<DIR, int (*)(DIR*)> dir(::opendir(folder.empty() ? "/" : folder.c_str()), ::closedir);
+    if (!dir) return names;
+    while (const dirent* entry = ::readdir(dir.get())) {
+        struct stat status {};
+        const std::string name = entry->d_name;
+        if (Matches(name, wanted) && ::stat((folder + "/" + name).c_str(), &status) == 0 && S_ISREG(status.st_mode))
+            names.push_back(name);
+    }
+    return names;
+}
+
 void Kill(const std::string& path) {
+    if (path.find_first_of("*?", path.rfind('/') + 1) != std::string::npos) {
+        const std::vector<std::string> names = Dir(path);
+        if (names.empty()) Raise(kErrFileNotFound);
+        const std::string folder = path.substr(0, path.rfind('/') + 1);
+        for (const std::string& name : names) Kill(folder + name);
+        return;
+    }
     const std::string found = FindIgnoringCase(path);
     struct stat status {};
     if (::stat(found.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) Raise(kErrFileNotFound);
     if (IsReadOnly(status) || ::unlink(found.c_str()) != 0) Raise(kErrPathFileAccess);
+}
+
+void RmDir(const std::string& path) {
+    if (::rmdir(FindIgnoringCase(path).c_str()) == 0) return;
+    Raise(errno == ENOENT ? kErrPathNotFound : kErrPathFileAccess);
 }
 
 void FileCopy(const std::string& source, const std::string& target) {

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/runtime/file_system.h"
+#include "platform/runtime/program_place.h"
 
 namespace platform {
 
@@ -140,14 +141,11 @@ std::string AppPath() { return gAppPathOverride ? *gAppPathOverride : Executable
 
 void SetAppPath(std::optional<std::string> path) { gAppPathOverride = std::move(path); }
 
+// An installed program's per-user folder; the development folder the
+// program was once built in is none here.
 std::array<std::string, 2> RegularInstallDirs() {
     if (gInstallDirsOverride) return *gInstallDirsOverride;
-    std::string dataHome;
-    if (const char* xdg = std::getenv("XDG_DATA_HOME"); xdg && *xdg)
-        dataHome = xdg;
-    else if (const char* home = std::getenv("HOME"); home && *home)
-        dataHome = std::string(home) + "/.local/share";
-    return {"/opt/lantern-dovrin", dataHome + "/lantern-dovrin"};
+    return {ProgramInstalled() ? PerUserFolder() : std::string(), std::string()};
 }
 
 void SetRegularInstallDirs(std::optional<std::array<std::string, 2>> dirs) {

@@ -1,0 +1,67 @@
+// Where the program's files lie: beside a build's executable, or in a user's
+// own folder that an installed program fills from its share folder.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/runtime/program_place.h"
+#include "platform/runtime/runtime.h"
+#include "runtime_temp_dir.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramPlaceTest : public ::testing::Test {
+protected:
+    TempDir prefix, data;
+    std::string userFolder = data.Path() + "/lantern-dovrin";
+
+    void SetUp() override { ::setenv("XDG_DATA_HOME", data.Path().c_str(), 1); }
+    void TearDown() override {
+        ::unsetenv("XDG_DATA_HOME");
+        platform::SetAppPath(std::nullopt);
+    }
+    void Install() {
+        fs::create_directories(prefix.File("bin"));
+        fs::create_directories(prefix.File("share/lantern-dovrin"));
+        WriteBytes(prefix.File("share/lantern-dovrin/dovrin.ini"), "delivered settings");
+        WriteBytes(prefix.File("share/lantern-dovrin/Circus.mid"), "new tune");
+        platform::SetAppPath(prefix.File("bin"));
+    }
+};
+
+TEST_F(ProgramPlaceTest, ABuildKeepsItsFilesBesideTheExecutable) {
+    platform::SetAppPath(prefix.Path());
+    EXPECT_EQ(platform::SettleProgramPlace(), "");
+    EXPECT_EQ(platform::AppPath(), prefix.Path());
+    EXPECT_FALSE(platform::ProgramInstalled());
+    EXPECT_FALSE(fs::exists(userFolder));
+}
+
+// The user's own settings stay; what the user lacks arrives, a new version's
+// tune among it.
+TEST_F(ProgramPlaceTest, AnInstalledProgramFillsTheUsersFolderWithWhatItLacksOnly) {
+    Install();
+    fs::create_directories(userFolder);
+    WriteBytes(userFolder + "/dovrin.ini", "my settings");
+    EXPECT_EQ(platform::SettleProgramPlace(), "");
+    EXPECT_EQ(platform::AppPath(), userFolder);
+    EXPECT_TRUE(platform::ProgramInstalled());
+    EXPECT_EQ(platform::RegularInstallDirs()[0], userFolder);
+    EXPECT_EQ(ReadBytes(userFolder + "/dovrin.ini"), "my settings");
+    EXPECT_EQ(ReadBytes(userFolder + "/Circus.mid"), "new tune");
+}
+
+TEST_F(ProgramPlaceTest, AUsersFolderThatCantBeMadeIsToldAndNothingMoves) {
+    Install();
+    WriteBytes(userFolder, "a file where the folder would be");
+    const std::string message = platform::SettleProgramPlace();
+    EXPECT_NE(message.find(userFolder), std::string::npos) << message;
+    EXPECT_EQ(platform::AppPath(), prefix.File("bin"));
+    EXPECT_FALSE(platform::ProgramInstalled());
+    EXPECT_EQ(ReadBytes(userFolder), "a file where the folder would be");
+}
+
+}  // namespace
