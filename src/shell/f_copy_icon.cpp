@@ -1,5 +1,7 @@
 #include "shell/f_copy_icon.h"
 
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -15,7 +17,7 @@ using platform::TwipsRect;
 FCopyIcon::FCopyIcon(QWidget* parent) : QDialog(parent) {
     setWindowTitle(QStringLiteral("Add Lantern! Dovrin's Icon to Desktop"));
     platform::UseDesignFont(*this);
-    setFixedSize(TwipsRect(0, 0, 3255, 2580).size());
+    setFixedSize(TwipsRect(0, 0, 4260, 2580).size());
     imgThinker = new QLabel(this);
     imgThinker->setGeometry(TwipsRect(120, 240, 960, 960));
     imgThinker->setPixmap(platform::LoadArtPicture(QStringLiteral("thinker"), QSize(64, 64)));
@@ -24,13 +26,15 @@ FCopyIcon::FCopyIcon(QWidget* parent) : QDialog(parent) {
     const std::array<int, 4> tops = {150, 570, 810, 1170};
     for (std::size_t i = 0; i < lines.size(); ++i) {
         lblCopyIcon[i] = new QLabel(QString::fromUtf8(lines[i]), this);
-        lblCopyIcon[i]->setGeometry(TwipsRect(1140, tops[i], 2055, 255));
+        lblCopyIcon[i]->setGeometry(TwipsRect(1140, tops[i], 3000, 255));
     }
     QFont bold = lblCopyIcon[0]->font();
     bold.setBold(true);
     lblCopyIcon[0]->setFont(bold);
     chkDontAsk = new QCheckBox(QStringLiteral("Don't ask in the future"), this);
     chkDontAsk->setGeometry(TwipsRect(600, 1680, 2055, 255));
+    // As wide as its caption needs in this face, which runs wider than the old one.
+    chkDontAsk->resize(std::max(chkDontAsk->width(), chkDontAsk->sizeHint().width()), chkDontAsk->height());
     const std::array<const char*, 2> captions = {"&Yes", "&No"};
     const std::array<int, 2> lefts = {360, 1560};
     for (int index = 0; index < 2; ++index) {
