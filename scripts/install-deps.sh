@@ -15,6 +15,7 @@ PACKAGES=(
   xvfb xdotool imagemagick x11-utils python3
   sox fluidsynth
   fonts-dejavu-core fonts-dejavu-extra
+  desktop-file-utils appstream libglib2.0-bin lintian
 )
 
 missing=()

@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
 #endif
     platform::ProgramApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
-    QApplication::setDesktopFileName(QStringLiteral("lantern-dovrin"));
+    QApplication::setDesktopFileName(QStringLiteral("com.example.LanternDovrin"));
     // An installed program keeps each user's files in a folder of their own.
     if (const std::string failure = platform::SettleProgramPlace(); !failure.empty()) {
         platform::MsgBox(failure, platform::kExclamation, "LANTERN! Dovrin");

@@ -42,7 +42,8 @@ std::string PerUserFolder() {
 
 std::string InstalledShareFolder(const std::string& exeDirectory) {
     const auto slash = exeDirectory.rfind('/');
-    if (slash == std::string::npos || exeDirectory.substr(slash + 1) != "bin") return {};
+    const std::string folder = slash == std::string::npos ? std::string() : exeDirectory.substr(slash + 1);
+    if (folder != "games" && folder != "bin") return {};
     const std::string share = exeDirectory.substr(0, slash) + "/share/" + kFolderName;
     return IsFolder(share) ? share : std::string();
 }

@@ -1,7 +1,8 @@
 // Where the program keeps the files that lie beside it (the settings file,
 // the database, the tunes, the guide). Run from its own folder (a build), it
-// keeps them beside the executable. Installed, with its executable in P/bin
-// and its delivered files in the share folder P/share/lantern-dovrin, it
+// keeps them beside the executable. Installed, with its executable in
+// P/games (or P/bin) and its delivered files in the share folder
+// P/share/lantern-dovrin, it
 // keeps each user's own copies in the per-user folder, which every start
 // fills from the share folder with the delivered files it lacks, and
 // nothing else: a user's settings and records are never overwritten. No Qt.
