@@ -24,24 +24,11 @@ TEST(Cards, TakingOutAndSortingTheHumansHand) {
     EXPECT_EQ(CardsText(hand), "3C 7C JC AD 5D 8D 2S TS QS 4H 7H 9H KH");
 }
 
-// The shuffle draws positions of the old order, throwing away a position
-// drawn before.
-TEST(Cards, ShuffleTakesTheDrawnPositionsOfTheOldOrder) {
-    ScriptedDeckRandom scripted;
-    scripted.first = {5, 5, 0, 5, 51};  // then 0, 1, 2 ...
-    std::array<Card, 52> deck{};
-    std::iota(deck.begin(), deck.end(), Card{100});
-    modGlobal::SetDeckSource(&scripted);
-    modGlobal::ShuffleDeck(deck);
-    modGlobal::SetDeckSource(nullptr);
-    std::vector<Card> expected = {105, 100, 151, 101, 102, 103, 104};
-    for (Card c = 106; c <= 150; ++c) expected.push_back(c);
-    EXPECT_EQ(std::vector<Card>(deck.begin(), deck.end()), expected);
-}
-
-// A stacked deck lays its order on the first shuffle of a fresh deck and
-// keeps it through later shuffles; only a whole deck, each card once, reads.
-TEST(Cards, AStackedDeckDealsItsOrderEveryHand) {
+// Only a whole deck, each card once, reads as a deck order. The shuffle
+// draws positions of the old order, throwing away a position drawn before;
+// a stacked deck lays its order on the first shuffle of a fresh deck and
+// keeps it through later shuffles.
+TEST(Cards, ShuffleTakesTheDrawnPositionsAndAStackedDeckDealsItsOrderEveryHand) {
     std::array<Card, 52> order{};
     std::iota(order.rbegin(), order.rend(), Card{0});  // 51 down to 0
     std::string text;
@@ -53,9 +40,18 @@ TEST(Cards, AStackedDeckDealsItsOrderEveryHand) {
                                    text.substr(0, text.rfind(',')) + ",52", text.substr(0, text.rfind(',')) + ",x"})
         EXPECT_FALSE(modGlobal::ParseDeckOrder(bad).has_value()) << bad;
 
+    ScriptedDeckRandom scripted;
+    scripted.first = {5, 5, 0, 5, 51};  // then 0, 1, 2 ...
+    std::array<Card, 52> deck{};
+    std::iota(deck.begin(), deck.end(), Card{100});
+    modGlobal::SetDeckSource(&scripted);
+    modGlobal::ShuffleDeck(deck);
+    std::vector<Card> expected = {105, 100, 151, 101, 102, 103, 104};
+    for (Card c = 106; c <= 150; ++c) expected.push_back(c);
+    EXPECT_EQ(std::vector<Card>(deck.begin(), deck.end()), expected);
+
     modGlobal::StackedDeckRandom stacked(order);
     modGlobal::SetDeckSource(&stacked);
-    std::array<Card, 52> deck{};
     std::iota(deck.begin(), deck.end(), Card{0});
     for (int hand = 0; hand < 3; ++hand) {
         modGlobal::ShuffleDeck(deck);

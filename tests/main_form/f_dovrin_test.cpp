@@ -1,10 +1,12 @@
 // The main form as a table: its seat panels, the flights, the repaint
-// protocol, the hover boxes, the keys, and the net under its events.
+// protocol, the hover boxes, the keys, the net under its events, and the
+// celebration of a high score.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -13,10 +15,11 @@
 
 #include "platform/display/card_library.h"
 #include "platform/display/name_font.h"
-#include "platform/runtime/msgbox.h"
 #include "shell/f_dovrin.h"
 #include "sound/mod_global_music.h"
-#include "sound/mod_sound_lib.h"
+#include "support/boxes.h"
+#include "support/form_probe.h"
+#include "table/f_top_ten.h"
 
 namespace {
 
@@ -32,8 +35,8 @@ public:
 
 class MainFormTest : public ::testing::Test {
 protected:
-    std::vector<std::string> keys;
     std::unique_ptr<FDovrin> form;
+    SoundKeys sounds;
 
     void SetUp() override {
         modGlobal::ResetGlobals();
@@ -43,14 +46,13 @@ protected:
         modGlobal::goMidi = std::make_unique<CMidiFile>();  // as the form's load creates it
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
-        modSoundLib::SetKeyObserver(
-            [this](const std::string& key, bool) { keys.push_back(key); });
-    }
-    void TearDown() override {
-        modSoundLib::SetKeyObserver(nullptr);
-        form.reset();
     }
     QWidget* Canvas() { return form->centralWidget(); }
+    void Tick(int ticks) {
+        for (int i = 0; i < ticks; ++i) ASSERT_TRUE(form->tmrSprites->Fire());
+    }
+    // The high score's stage in lane 0's band of columns.
+    QImage LaneZeroBand() const { return form->picHighScore->hDC()->copy(0, 0, 212, 456); }
     QRgb ScreenPixel(QPoint p) { return Pixel(form->surface().ScreenImage(), p); }
     QRgb RetainedPixel(QPoint p) { return Pixel(form->surface().RetainedImage(), p); }
     static QRgb Pixel(const QImage& image, QPoint p) { return image.pixel(p * image.devicePixelRatio()); }
@@ -126,10 +128,8 @@ TEST_F(MainFormTest, ARunTimeErrorThatEscapesItsHandlerStopsTheProgramWithItsBox
     modGlobal::giNumGames = 1;
     QEvent click(QEvent::User);
     EXPECT_THROW(QCoreApplication::sendEvent(&entry, &click), platform::ProgramEnded);
-    ASSERT_EQ(responder.Boxes().size(), 1u);
-    EXPECT_EQ(responder.Boxes()[0].text, "Run-time error '6':\r\n\r\nOverflow");
-    EXPECT_EQ(responder.Boxes()[0].style, platform::kCritical);
-    EXPECT_EQ(responder.Boxes()[0].title, QApplication::applicationName().toStdString());
+    EXPECT_EQ(BoxesOf(responder), (std::vector<Box>{{QApplication::applicationName().toStdString(),
+                                                     platform::kCritical, "Run-time error '6':\r\n\r\nOverflow"}}));
 }
 
 // A sound plays on crossing into a box, not while resting in it; while the
@@ -152,10 +152,10 @@ TEST_F(MainFormTest, HoverSoundsOnCrossingIntoABox) {
         {1000, 3000, false, nullptr},       {1000, 3000, true, "OVERPOT"},
     };
     for (const Move& move : moves) {
-        keys.clear();
+        sounds.keys.clear();
         form->game().mbUserTurn = move.userTurn;
         form->Form_MouseMove(move.x, move.y);
-        EXPECT_EQ(keys, move.sound ? std::vector<std::string>{move.sound} : std::vector<std::string>{})
+        EXPECT_EQ(sounds.keys, move.sound ? Strings{move.sound} : Strings{})
             << "at " << move.x << "," << move.y;
     }
 }
@@ -178,20 +178,20 @@ TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
     EXPECT_TRUE(form->MusicEnabled());
     EXPECT_FALSE(modGlobal::goMidi->Active());  // the option starts no tune
     // Switching on sounds after the option is set, switching off before.
-    EXPECT_EQ(keys, (std::vector<std::string>{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
+    EXPECT_EQ(sounds.keys, (Strings{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
 
     // Escape alone asks before leaving; No keeps the table.
     platform::ScriptedResponder responder;
     responder.Answer(platform::kAnswerNo);
     QTest::keyClick(form->cmdUser, Qt::Key_Escape);
-    ASSERT_EQ(responder.Boxes().size(), 1u);
-    EXPECT_EQ(responder.Boxes()[0].text, "Are you sure you wish to exit Dovrin?");
-    EXPECT_EQ(responder.Boxes()[0].title, "The Game of Dovrin");
-    EXPECT_EQ(responder.Boxes()[0].style, platform::kYesNo | platform::kQuestion);
+    EXPECT_EQ(BoxesOf(responder), (std::vector<Box>{{"The Game of Dovrin", platform::kYesNo | platform::kQuestion,
+                                                     "Are you sure you wish to exit Dovrin?"}}));
     EXPECT_TRUE(form->isVisible());
 }
 
-TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosed) {
+// The rule book covers the table until it is closed, by its button, by the
+// form's close, or by two of the information entries, which open their forms.
+TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosedAndTheInformationEntriesOpenTheirForms) {
     ASSERT_FALSE(form->picHelp->isVisible());
     form->mnuHelp[0]->trigger();
     ASSERT_TRUE(form->picHelp->isVisible());
@@ -202,25 +202,7 @@ TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosed) {
     EXPECT_TRUE(overPot == form->picHelp || form->picHelp->isAncestorOf(overPot));
     form->cmdHelp->click();
     EXPECT_FALSE(form->picHelp->isVisible());
-    form->mnuHelp[0]->trigger();
-    form->close();  // the close takes it down too
-    EXPECT_FALSE(form->picHelp->isVisibleTo(form.get()));
-}
 
-// The title of the modal form that an entry opens, closed as soon as it shows.
-QString TitleOfFormOpenedBy(QAction* entry) {
-    QString title;
-    QTimer::singleShot(0, [&] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
-            title = modal->windowTitle();
-            modal->close();
-        }
-    });
-    entry->trigger();
-    return title;
-}
-
-TEST_F(MainFormTest, TheInformationEntriesOpenTheirFormsAndTwoTakeTheRuleBookDown) {
     struct Entry {
         QAction* action;
         const char* title;
@@ -231,7 +213,86 @@ TEST_F(MainFormTest, TheInformationEntriesOpenTheirFormsAndTwoTakeTheRuleBookDow
                                Entry{form->mnuAbout, "About Lantern! Dovrin...", true},
                                Entry{form->mnuDistribute, "Distributing Lantern! Dovrin", false}}) {
         form->mnuHelp[0]->trigger();
-        EXPECT_EQ(TitleOfFormOpenedBy(entry.action).toStdString(), entry.title);
+        QString title;  // of the modal form the entry opens, closed as soon as it shows
+        QTimer::singleShot(0, [&] {
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                title = modal->windowTitle();
+                modal->close();
+            }
+        });
+        entry.action->trigger();
+        EXPECT_EQ(title.toStdString(), entry.title);
         EXPECT_EQ(form->picHelp->isVisible(), !entry.hidesRuleBook) << entry.title;
     }
+    form->close();  // the close takes it down too
+    EXPECT_FALSE(form->picHelp->isVisibleTo(form.get()));
+}
+
+// The celebration of a high score: the balloons' lanes tick by tick, and
+// the stage they leave clean behind them.
+TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas) {
+    modGlobal::glRandomSeed = 12345;
+    form->tmrSprites->SetEnabled(true);
+    const auto& lane = form->maSprites;
+
+    Tick(1);  // the stage's picture is drawn; the lane starts below it
+    const QImage stage = LaneZeroBand();
+    EXPECT_NE(stage.pixel(100, 100), qRgb(0, 0, 0));
+    EXPECT_TRUE(lane[0].Active);
+    EXPECT_EQ(lane[0].Y, 500);
+    EXPECT_GE(lane[0].X, 1);
+    EXPECT_LE(lane[0].X, 134);
+    Tick(6);
+    EXPECT_FALSE(lane[1].Active);  // lane 0 at 470
+    Tick(1);
+    EXPECT_TRUE(lane[1].Active);   // lane 0 below 466
+    EXPECT_EQ(lane[1].Y, 500);
+    Tick(46);
+    EXPECT_FALSE(lane[2].Active);  // lane 0 at 235
+    Tick(1);
+    EXPECT_TRUE(lane[2].Active);
+
+    // Halfway up the figure stands on the stage; at -200 it is wiped, and the
+    // next tick starts the lane again at the bottom with the next figure.
+    Tick(30);
+    EXPECT_NE(LaneZeroBand(), stage);
+    Tick(141 - 85);
+    EXPECT_EQ(lane[0].Y, -200);
+    EXPECT_TRUE(lane[0].Fresh);
+    EXPECT_EQ(LaneZeroBand(), stage);
+    const std::int32_t firstX = lane[0].X;
+    Tick(1);
+    EXPECT_EQ(lane[0].Y, 500);
+    EXPECT_EQ(lane[0].Kind, 1);
+    EXPECT_FALSE(lane[0].Fresh);
+    EXPECT_EQ(form->lblLeft->text().toInt(), lane[0].X + 78);
+    EXPECT_NE(lane[0].X, firstX);
+}
+
+// The wait for the list ends at the fifth tick, and the list takes the stage down.
+TEST_F(MainFormTest, TheHighScoreWaitEndsAtTheFifthTickAndTheListTakesTheStageDown) {
+    platform::ScriptedResponder responder;  // the list finds no database here, and says so
+    // The timer's five ticks, as they would come during the wait.
+    QTimer::singleShot(0, [this] {
+        for (int i = 0; i < 5; ++i) form->tmrHighScore->Fire();
+    });
+    form->CelebrateHighScore();
+    EXPECT_TRUE(form->picHighScore->isVisibleTo(form.get()));
+    EXPECT_TRUE(form->tmrSprites->Enabled());
+    EXPECT_FALSE(form->mnuFileH->isEnabled());
+    EXPECT_FALSE(form->mbHighScoreDone);
+
+    // The counter is never reset: a second celebration would wait for ever.
+    form->tmrHighScore->Fire();
+    EXPECT_EQ(form->miHighScoreTicks, 6);
+    EXPECT_FALSE(form->mbHighScoreDone);
+
+    modGlobal::giTopTenRow = 99;
+    FTopTen topTen(form.get());
+    QTimer::singleShot(0, &topTen, &QDialog::close);
+    topTen.exec();
+    EXPECT_FALSE(form->picHighScore->isVisibleTo(form.get()));
+    EXPECT_FALSE(form->tmrSprites->Enabled());
+    EXPECT_FALSE(form->tmrHighScore->Enabled());
+    EXPECT_TRUE(form->mnuFileH->isEnabled());
 }

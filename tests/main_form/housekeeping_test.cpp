@@ -6,7 +6,6 @@
 #include <QPushButton>
 
 #include <filesystem>
-#include <sys/stat.h>
 
 #include "engine/mod_global.h"
 #include "platform/runtime/file_system.h"
@@ -38,38 +37,29 @@ protected:
         platform::SetDesktopFolder(std::nullopt);
         platform::SetAppPath(std::nullopt);
     }
+    // Ticks the box or not, then presses a button, or with -1 the close box.
     void Answer(int button, bool tick) {
         FCopyIcon form;
         form.chkDontAsk->setChecked(tick);
-        form.cmdYesNo[button]->click();
+        if (button < 0) form.close();
+        else form.cmdYesNo[button]->click();
     }
 };
 
-TEST_F(HousekeepingTest, AnyLauncherWhoseNameBeginsWithTheProductCountsWhateverItsCase) {
-    EXPECT_FALSE(modGlobal::HasDesktopShortcut());
-    WriteBytes(desktop.File("lantern.txt"), "");
-    EXPECT_FALSE(modGlobal::HasDesktopShortcut());
-    WriteBytes(desktop.File("Lantern Extra.DESKTOP"), "");
-    EXPECT_TRUE(modGlobal::HasDesktopShortcut());
-}
-
-// The tick counts for either answer; only Yes copies; the close box does nothing.
+// The tick counts for either answer; only Yes copies; the close box does
+// nothing. Any launcher whose name begins with the product counts as one,
+// whatever its case.
 TEST_F(HousekeepingTest, TheQuestionCopiesTheLauncherOnYesAndTheTickEndsTheAsking) {
     Answer(1, false);
     EXPECT_TRUE(modGlobal::gbCopyLink);
     EXPECT_FALSE(fs::exists(launcher));
-    {
-        FCopyIcon form;
-        form.chkDontAsk->setChecked(true);
-        form.close();
-    }
+    EXPECT_FALSE(modGlobal::HasDesktopShortcut());
+    Answer(-1, true);
     EXPECT_TRUE(modGlobal::gbCopyLink);
     Answer(0, true);
     EXPECT_FALSE(modGlobal::gbCopyLink);
     EXPECT_EQ(ReadBytes(launcher), "[Desktop Entry]\n");
-    struct stat status {};
-    ASSERT_EQ(::stat(launcher.c_str(), &status), 0);
-    EXPECT_TRUE(status.st_mode & S_IXUSR);
+    EXPECT_NE(fs::status(launcher).permissions() & fs::perms::owner_exec, fs::perms::none);
     EXPECT_TRUE(modGlobal::HasDesktopShortcut());
     EXPECT_TRUE(boxes.Boxes().empty());
 
@@ -78,6 +68,10 @@ TEST_F(HousekeepingTest, TheQuestionCopiesTheLauncherOnYesAndTheTickEndsTheAskin
     modGlobal::CopyLinkToDeskTop();  // nothing beside the program: nothing said
     EXPECT_FALSE(fs::exists(launcher));
     EXPECT_TRUE(boxes.Boxes().empty());
+    WriteBytes(desktop.File("lantern.txt"), "");
+    EXPECT_FALSE(modGlobal::HasDesktopShortcut());
+    WriteBytes(desktop.File("Lantern Extra.DESKTOP"), "");
+    EXPECT_TRUE(modGlobal::HasDesktopShortcut());
 }
 
 TEST_F(HousekeepingTest, TheOlderVersionGoesWithItsOneLauncherOnlyWhenBothVersionsStandAndTheUserSaysYes) {

@@ -2,6 +2,8 @@
 // of MIDI files, and wave images.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/audio/mci_command.h"
 #include "platform/audio/midi_timing.h"
 #include "platform/audio/wave_image.h"
@@ -9,31 +11,26 @@
 
 using namespace platform;
 
-TEST(MciCommandTest, TheProgramsCommandsReadInAnyLetterCase) {
-    MciCommand command;
-    ASSERT_EQ(ParseMciCommand("Open \"/home/a user/Circus.mid\" Alias MIDIfile", command), 0u);
-    EXPECT_EQ(command.verb, MciCommand::Open);
-    EXPECT_EQ(command.device, "/home/a user/Circus.mid");
-    EXPECT_EQ(command.alias, "MIDIfile");
-
-    ASSERT_EQ(ParseMciCommand("status midifile LENGTH", command), 0u);
-    EXPECT_EQ(command.verb, MciCommand::Status);
-    EXPECT_EQ(command.item, MciCommand::Length);
-    ASSERT_EQ(ParseMciCommand("Status MIDIfile Position", command), 0u);
-    EXPECT_EQ(command.item, MciCommand::Position);
-
-    const std::pair<const char*, MciCommand::Verb> plain[] = {{"Play MIDIfile", MciCommand::Play},
-                                                              {"Pause MIDIfile", MciCommand::Pause},
-                                                              {"  Resume\tMIDIfile ", MciCommand::Resume},
-                                                              {"Close MIDIfile", MciCommand::Close}};
-    for (const auto& [text, verb] : plain) {
+// The program's commands read in any letter case; malformed ones get their
+// error numbers.
+TEST(MciCommandTest, TheProgramsCommandsReadInAnyLetterCaseAndMalformedOnesGetTheirErrorNumbers) {
+    MciCommand open;
+    ASSERT_EQ(ParseMciCommand("Open \"/home/a user/Circus.mid\" Alias MIDIfile", open), 0u);
+    EXPECT_EQ(open.verb, MciCommand::Open);
+    EXPECT_EQ(open.device + "|" + open.alias, "/home/a user/Circus.mid|MIDIfile");
+    const std::tuple<const char*, MciCommand::Verb, MciCommand::Item> read[] = {
+        {"status MIDIfile LENGTH", MciCommand::Status, MciCommand::Length},
+        {"Status MIDIfile position", MciCommand::Status, MciCommand::Position},
+        {"Play MIDIfile", MciCommand::Play, MciCommand::None}, {"PAUSE MIDIfile", MciCommand::Pause, MciCommand::None},
+        {"  Resume\tMIDIfile ", MciCommand::Resume, MciCommand::None}, {"close MIDIfile", MciCommand::Close, MciCommand::None}};
+    for (const auto& [text, verb, item] : read) {
+        MciCommand command;
         ASSERT_EQ(ParseMciCommand(text, command), 0u) << text;
         EXPECT_EQ(command.verb, verb) << text;
+        EXPECT_EQ(command.item, item) << text;
         EXPECT_EQ(command.device, "MIDIfile") << text;
     }
-}
 
-TEST(MciCommandTest, MalformedCommandsGetTheirErrorNumbers) {
     const std::pair<const char*, std::uint32_t> refused[] = {
         {"", MCIERR_MISSING_COMMAND_STRING},
         {"Stop MIDIfile", MCIERR_UNRECOGNIZED_COMMAND},
@@ -52,9 +49,11 @@ TEST(MciCommandTest, MalformedCommandsGetTheirErrorNumbers) {
     EXPECT_TRUE(MciErrorText(0).empty());
 }
 
-TEST(MidiTimingTest, LengthFollowsTheTempoOfTheFile) {
+// The length follows the file's tempo; what is no whole MIDI file is refused.
+TEST(MidiTimingTest, LengthFollowsTheTempoOfTheFileAndWhatIsNoWholeFileIsRefused) {
     // Two quarter notes at 120 a minute: one second.
-    auto timing = audio::MidiTiming::FromBytes(test_sounds::OneNoteMidi(500000, 960));
+    const std::vector<std::uint8_t> file = test_sounds::OneNoteMidi(500000, 960);
+    auto timing = audio::MidiTiming::FromBytes(file);
     ASSERT_TRUE(timing);
     EXPECT_EQ(timing->LastTick(), 960);
     EXPECT_DOUBLE_EQ(timing->LengthMilliseconds(), 1000.0);
@@ -63,10 +62,7 @@ TEST(MidiTimingTest, LengthFollowsTheTempoOfTheFile) {
     timing = audio::MidiTiming::FromBytes(test_sounds::OneNoteMidi(1000000, 40 * 480));
     ASSERT_TRUE(timing);
     EXPECT_DOUBLE_EQ(timing->LengthMilliseconds(), 40000.0);
-}
 
-TEST(MidiTimingTest, WhatIsNoWholeMidiFileIsRefused) {
-    std::vector<std::uint8_t> file = test_sounds::OneNoteMidi(500000, 960);
     std::vector<std::uint8_t> cut(file.begin(), file.end() - 5);
     EXPECT_FALSE(audio::MidiTiming::FromBytes(cut));
     std::vector<std::uint8_t> timecode = file;

@@ -15,11 +15,11 @@
 #include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
 
-// Creates an encrypted file with the key "secret" and runs `sql` in it.
-inline void MakeDatabase(const std::string& path, const std::string& sql) {
+// Runs `sql` in an encrypted file with this key, which it creates if need be.
+inline void RunSql(const std::string& path, const std::string& sql, const std::string& key = "secret") {
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr), SQLITE_OK);
-    ASSERT_EQ(sqlite3_key(db, "secret", 6), SQLITE_OK);
+    ASSERT_EQ(sqlite3_key(db, key.data(), static_cast<int>(key.size())), SQLITE_OK);
     char* message = nullptr;
     EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
     sqlite3_free(message);

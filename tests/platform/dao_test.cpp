@@ -12,13 +12,13 @@ namespace {
 class DaoTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        MakeDatabase(name_,
-                     "CREATE TABLE person (id INTEGER, name TEXT COLLATE NOCASE, born DATETIME, small INTEGER"
-                     "  CONSTRAINT type_small CHECK (typeof(small) IN ('integer', 'null'))"
-                     "  CONSTRAINT range_small CHECK (small BETWEEN -32768 AND 32767));"
-                     "CREATE TABLE other (x INTEGER); CREATE TABLE empty (x INTEGER);"
-                     "INSERT INTO person VALUES (1, 'Ann', 36526.5, 10), (2, 'Bob', 45000.25, 20);"
-                     "INSERT INTO other VALUES (7);");
+        RunSql(name_,
+               "CREATE TABLE person (id INTEGER, name TEXT COLLATE NOCASE, born DATETIME, small INTEGER"
+               "  CONSTRAINT type_small CHECK (typeof(small) IN ('integer', 'null'))"
+               "  CONSTRAINT range_small CHECK (small BETWEEN -32768 AND 32767));"
+               "CREATE TABLE other (x INTEGER); CREATE TABLE empty (x INTEGER);"
+               "INSERT INTO person VALUES (1, 'Ann', 36526.5, 10), (2, 'Bob', 45000.25, 20);"
+               "INSERT INTO other VALUES (7);");
     }
 
     std::unique_ptr<Database> Open(bool readOnly = false, const std::string& file = {},
@@ -45,7 +45,7 @@ TEST(TranslateStatement, TakesTheEnginesWordsAndLeavesLiteralsAlone) {
 TEST_F(DaoTest, OpenFailuresCarryTheEnginesNumbersAndDescriptions) {
     const std::string missing = dir_.File("missing.mdb"), gone = dir_.File("gone"), other = dir_.File("other.mdb");
     // A file of several pages, cut short or damaged inside its last page.
-    MakeDatabase(other, "CREATE TABLE big (x BLOB); INSERT INTO big VALUES (zeroblob(8000));");
+    RunSql(other, "CREATE TABLE big (x BLOB); INSERT INTO big VALUES (zeroblob(8000));");
     const std::string whole = ReadBytes(other);
     std::string damaged = whole;
     damaged[whole.size() - 700] ^= 0x55;

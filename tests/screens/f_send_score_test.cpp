@@ -1,24 +1,19 @@
 // FSendScore's copy of the database file to the outbox under the home
-// folder, and the web address on the information forms.
+// folder, and its web address, which opens the guide.
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QUrl>
-
-#include <sys/stat.h>
 
 #include "engine/mod_global.h"
 #include "platform/display/click_label.h"
 #include "platform/display/shell_execute.h"
 #include "platform/runtime/file_system.h"
-#include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
-#include "screens/f_contact.h"
-#include "screens/f_distribute.h"
 #include "screens/f_send_score.h"
+#include "support/boxes.h"
 
 using platform::kCrLf;
 
@@ -37,58 +32,53 @@ protected:
     }
     void TearDown() override { platform::SetOldDriveRoot(std::nullopt); }
 
-    platform::ScriptedResponder::Event Copy() {
+    // The last box of a copy.
+    Box Copy() {
         FSendScore form;
         form.cmdCopyScore->click();
-        const auto shown = boxes.Boxes();
-        return shown.empty() ? platform::ScriptedResponder::Event{} : shown.back();
+        const auto shown = BoxesOf(boxes);
+        return shown.empty() ? Box{} : shown.back();
     }
-    std::string Refusal() const {
-        return std::string("Unable to copy database file...") + kCrLf + platform::UCase(program.File("Lantern.mdb")) +
-               kCrLf + kCrLf + "To destination directory..." + kCrLf + outbox;
+    Box Refusal() const {
+        return {"Copy Database File", platform::kExclamation,
+                std::string("Unable to copy database file...") + kCrLf + platform::UCase(program.File("Lantern.mdb")) +
+                    kCrLf + kCrLf + "To destination directory..." + kCrLf + outbox};
     }
 };
 
-TEST_F(SendScoreTest, CopiesIntoAnOutboxItMakesAndNamesTheRealFolder) {
-    const auto box = Copy();
-    EXPECT_EQ(box.title, "File Successfully Copied");
-    EXPECT_EQ(box.style, platform::kInformation);
-    EXPECT_EQ(box.text, "Lantern.mdb copied to " + outbox + "." + kCrLf + kCrLf + "Send as attachment to your email.");
-    EXPECT_EQ(ReadBytes(outbox + "/Lantern.mdb"), "records");
-}
-
-TEST_F(SendScoreTest, ReplacesAnEarlierCopyWhateverItsCaseButNotAReadOnlyOne) {
-    std::filesystem::create_directories(outbox);
-    WriteBytes(outbox + "/LANTERN.MDB", "old");
-    EXPECT_EQ(Copy().title, "File Successfully Copied");
-    EXPECT_FALSE(std::filesystem::exists(outbox + "/LANTERN.MDB"));
+// The copy makes the outbox and names the real folder; it replaces an
+// earlier copy whatever its case, but not a read-only one.
+TEST_F(SendScoreTest, CopiesIntoAnOutboxItMakesAndReplacesAnEarlierCopyWhateverItsCaseButNotAReadOnlyOne) {
+    const Box copied{"File Successfully Copied", platform::kInformation,
+                     "Lantern.mdb copied to " + outbox + "." + kCrLf + kCrLf + "Send as attachment to your email."};
+    EXPECT_EQ(Copy(), copied);
     EXPECT_EQ(ReadBytes(outbox + "/Lantern.mdb"), "records");
 
-    ::chmod((outbox + "/Lantern.mdb").c_str(), 0444);
+    std::filesystem::rename(outbox + "/Lantern.mdb", outbox + "/LANTERN.MDB");
     WriteBytes(program.File("Lantern.mdb"), "newer");
-    const auto box = Copy();
-    EXPECT_EQ(box.title, "Copy Database File");
-    EXPECT_EQ(box.style, platform::kExclamation);
-    EXPECT_EQ(box.text, Refusal());
-    EXPECT_EQ(ReadBytes(outbox + "/Lantern.mdb"), "records");
+    EXPECT_EQ(Copy(), copied);
+    EXPECT_FALSE(std::filesystem::exists(outbox + "/LANTERN.MDB"));
+    EXPECT_EQ(ReadBytes(outbox + "/Lantern.mdb"), "newer");
+
+    std::filesystem::permissions(outbox + "/Lantern.mdb", std::filesystem::perms::owner_read);
+    WriteBytes(program.File("Lantern.mdb"), "newest");
+    EXPECT_EQ(Copy(), Refusal());
+    EXPECT_EQ(ReadBytes(outbox + "/Lantern.mdb"), "newer");
 }
 
-// The mail folder without its outbox: the first of the two folders it
-// makes is there already, and that error ends the copy.
-TEST_F(SendScoreTest, AMailFolderWithoutItsOutboxStopsTheCopy) {
+// Without a database file no folder is made; a mail folder without its
+// outbox stops the copy, as the first of the two folders it makes is there.
+TEST_F(SendScoreTest, NoDatabaseFileOrAMailFolderWithoutItsOutboxStopsTheCopy) {
+    std::filesystem::remove(program.File("Lantern.mdb"));
+    EXPECT_EQ(Copy(), Refusal());
+    EXPECT_FALSE(std::filesystem::exists(home.Path() + "/EMAIL"));
+    WriteBytes(program.File("Lantern.mdb"), "records");
     std::filesystem::create_directories(home.Path() + "/EMAIL");
-    EXPECT_EQ(Copy().text, Refusal());
+    EXPECT_EQ(Copy(), Refusal());
     EXPECT_FALSE(std::filesystem::exists(outbox));
 }
 
-TEST_F(SendScoreTest, NoDatabaseFileMakesNoFolders) {
-    std::filesystem::remove(program.File("Lantern.mdb"));
-    EXPECT_EQ(Copy().text, Refusal());
-    EXPECT_FALSE(std::filesystem::exists(home.Path() + "/EMAIL"));
-}
-
-TEST(InformationFormsTest, TheWebAddressOpensTheGuideBesideTheProgram) {
-    TempDir program;
+TEST_F(SendScoreTest, TheWebAddressOpensTheGuideBesideTheProgram) {
     platform::SetAppPath(program.Path());
     std::vector<QUrl> opened;
     platform::SetDocumentOpener([&](const QUrl& url) {
@@ -101,14 +91,6 @@ TEST(InformationFormsTest, TheWebAddressOpensTheGuideBesideTheProgram) {
     platform::SetAppPath(std::nullopt);
     ASSERT_EQ(opened.size(), 1u);
     EXPECT_EQ(opened[0], QUrl::fromLocalFile(QString::fromStdString(program.File("guide.html"))));
-
-    // The other forms show the same address, and the contact form keeps
-    // its doubled word.
-    EXPECT_EQ(FDistribute().lblDistribute4->text(), sendScore.lblOpenWebPage->text());
-    FContact contact;
-    EXPECT_EQ(contact.lblContact[6]->text(), sendScore.lblOpenWebPage->text());
-    EXPECT_EQ(contact.lblContact[0]->text() + contact.lblContact[1]->text(),
-              QStringLiteral("You can always contact us.  We welcome your your comments and suggestions."));
 }
 
 }  // namespace

@@ -72,7 +72,9 @@ protected:
     }
 };
 
-TEST_F(AudioDeviceTest, AnEffectReturnsOnceItsWaveHasGoneToTheDevice) {
+// An effect holds the program until its wave has gone to the device; the
+// keys sound under their own gates only.
+TEST_F(AudioDeviceTest, AnEffectReturnsOnceItsWaveHasGoneToTheDeviceAndKeysSoundUnderTheirOwnGatesOnly) {
     const auto wave = test_sounds::ToneWave(440, 150);
     ASSERT_EQ(platform::sndPlaySoundA(wave.data(), platform::SND_MEMORY), 1);  // opens the device
     const std::size_t mark = output.Frames();
@@ -85,21 +87,18 @@ TEST_F(AudioDeviceTest, AnEffectReturnsOnceItsWaveHasGoneToTheDevice) {
     // returned, but for what the driver's file still buffered.
     EXPECT_NEAR(static_cast<double>(audible.back() - audible.front() + 1), 0.150 * kRate, 4.0);
     EXPECT_LE(mark + audible.back(), atReturn + 4 * kBuffer);
-}
 
-TEST_F(AudioDeviceTest, KeysSoundUnderTheirOwnGatesOnly) {
     modGlobal::gbSoundOn = true;
-    modSoundLib::PlayEffect("PLAYCARD");  // opens the device
-    std::size_t mark = output.Frames();
+    std::size_t from = output.Frames();
     modSoundLib::PlayEffect("WRONGCRD");
-    const std::vector<float> wrongCard = Heard(mark, output.Frames() - mark + 8 * kBuffer);
-    mark = output.Frames();
+    const std::vector<float> wrongCard = Heard(from, output.Frames() - from + 8 * kBuffer);
+    from = output.Frames();
     modSoundLib::PlayEffect("MUSTPLAY");
-    EXPECT_EQ(Heard(mark, output.Frames() - mark + 8 * kBuffer), wrongCard);
+    EXPECT_EQ(Heard(from, output.Frames() - from + 8 * kBuffer), wrongCard);
     EXPECT_GT(wrongCard.size(), kRate / 10);
 
     // Nothing of these is heard: the last one alone is.
-    mark = output.Frames();
+    from = output.Frames();
     for (const char* key : {"playcard", "", "OVERPOT", "NOSUCHKEY"}) modSoundLib::PlayEffect(key);
     modSoundLib::PlayAnimalEffect("OVERPOT");  // animals off
     modGlobal::gbAnimalsOn = true;
@@ -112,7 +111,7 @@ TEST_F(AudioDeviceTest, KeysSoundUnderTheirOwnGatesOnly) {
     const auto owl = platform::audio::DecodeWave(owlWave.data(), owlWave.size(), kRate);
     ASSERT_TRUE(owl);
     const auto owlAudible = AudibleFrames(*owl);
-    EXPECT_EQ(Heard(mark, output.Frames() - mark + 8 * kBuffer),
+    EXPECT_EQ(Heard(from, output.Frames() - from + 8 * kBuffer),
               std::vector<float>(owl->begin() + owlAudible.front(), owl->begin() + owlAudible.back() + 1));
 }
 
@@ -141,14 +140,21 @@ TEST_F(AudioDeviceTest, AFileSoundIsStoppedByTheNextAndByAPurge) {
     EXPECT_LE(penguinsHeard + audible.back(), stopped + 4 * kBuffer);  // and the penguins stop
 }
 
-TEST_F(AudioDeviceTest, ATuneIsHeardAndItsPositionStaysAtTheLengthAfterItsEnd) {
+// Files that can't be played, or no sound font, are errors; a tune that
+// opens is heard, and its position stays at its length after its end.
+TEST_F(AudioDeviceTest, ATuneIsHeardAndStaysAtItsLengthAndWhatCantBePlayedIsAnError) {
+    const auto open = [](const std::string& file) { return Send("Open \"" + file + "\" Alias MIDIfile"); };
+    EXPECT_EQ(open(dir.File("none.mid")), platform::MCIERR_FILE_NOT_FOUND);
+    EXPECT_EQ(open(WriteFile("text.mid", {'M', 'T', 'h', 'd', 'o', 'o', 'p', 's'})), platform::MCIERR_INVALID_FILE);
     const std::string tune = WriteFile("short.mid", test_sounds::OneNoteMidi(500000, 480));
-    const std::string open = "Open \"" + tune + "\" Alias MIDIfile";
-    ASSERT_EQ(Send(open), 0u);
+    platform::SetSoundFontPath(dir.File("no-such-font.sf2"));
+    EXPECT_EQ(open(tune), platform::MCIERR_SEQ_NOMIDIPRESENT);
+    platform::SetSoundFontPath(std::nullopt);
+    ASSERT_EQ(open(tune), 0u);
     std::string length;
     ASSERT_EQ(Send("Status MIDIfile Length", &length), 0u);
     EXPECT_EQ(length, "500");
-    EXPECT_EQ(Send(open), platform::MCIERR_DUPLICATE_ALIAS);
+    EXPECT_EQ(open(tune), platform::MCIERR_DUPLICATE_ALIAS);
     EXPECT_EQ(Send("Play OtherAlias"), platform::MCIERR_INVALID_DEVICE_NAME);
 
     const std::size_t mark = output.Frames();
@@ -160,18 +166,6 @@ TEST_F(AudioDeviceTest, ATuneIsHeardAndItsPositionStaysAtTheLengthAfterItsEnd) {
     EXPECT_EQ(Position(), 500);
     EXPECT_EQ(Send("Close MIDIfile"), 0u);
     EXPECT_EQ(Send("Close MIDIfile"), platform::MCIERR_INVALID_DEVICE_NAME);
-}
-
-TEST_F(AudioDeviceTest, FilesThatCantBePlayedAndAMissingSoundFontAreErrors) {
-    EXPECT_EQ(Send("Open \"" + dir.File("none.mid") + "\" Alias MIDIfile"), platform::MCIERR_FILE_NOT_FOUND);
-    const std::string text = WriteFile("text.mid", {'M', 'T', 'h', 'd', 'o', 'o', 'p', 's'});
-    EXPECT_EQ(Send("Open \"" + text + "\" Alias MIDIfile"), platform::MCIERR_INVALID_FILE);
-
-    const std::string tune = WriteFile("short.mid", test_sounds::OneNoteMidi(500000, 480));
-    platform::SetSoundFontPath(dir.File("no-such-font.sf2"));
-    EXPECT_EQ(Send("Open \"" + tune + "\" Alias MIDIfile"), platform::MCIERR_SEQ_NOMIDIPRESENT);
-    platform::SetSoundFontPath(std::nullopt);
-    EXPECT_EQ(Send("Open \"" + tune + "\" Alias MIDIfile"), 0u);
 
     char buffer[129];
     EXPECT_EQ(platform::mciGetErrorStringA(platform::MCIERR_SEQ_NOMIDIPRESENT, buffer, 128), 1);

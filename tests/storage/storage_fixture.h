@@ -7,9 +7,7 @@
 
 #include <filesystem>
 #include <initializer_list>
-#include <ostream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "engine/mod_global.h"
@@ -19,19 +17,7 @@
 #include "storage/data_procedure.h"
 #include "storage/mod_global_db.h"
 #include "storage/top_ten.h"
-
-// A message box as the user saw it.
-struct Box {
-    std::string title;
-    int style;
-    std::string text;
-
-    bool operator==(const Box& o) const { return std::tie(title, style, text) == std::tie(o.title, o.style, o.text); }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const Box& box) {
-    return out << box.title << " [" << box.style << "] " << ::testing::PrintToString(box.text);
-}
+#include "support/boxes.h"
 
 class StorageTest : public ::testing::Test {
 protected:
@@ -52,11 +38,7 @@ protected:
                                    std::filesystem::copy_options::overwrite_existing);
     }
 
-    std::vector<Box> Boxes() const {
-        std::vector<Box> boxes;
-        for (const auto& box : responder_.Boxes()) boxes.push_back({box.title, box.style, box.text});
-        return boxes;
-    }
+    std::vector<Box> Boxes() const { return BoxesOf(responder_); }
 
     TempDir app_;
     platform::ScriptedResponder responder_;
@@ -92,6 +74,12 @@ protected:
             rows.push_back(row);
         }
         return rows;
+    }
+
+    // The users by id, each as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
+    static std::vector<std::string> Users() {
+        return Rows("SELECT * FROM user ORDER BY userid",
+                    {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
     }
 
     static void InsertTopTen(const std::vector<storage::TopTenEntry>& entries) {

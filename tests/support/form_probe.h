@@ -13,10 +13,11 @@ using Strings = std::vector<std::string>;
 
 inline QColor TextColour(const QLabel* label) { return label->palette().color(QPalette::WindowText); }
 
-template <typename Labels>
-Strings Texts(const Labels& labels) {
+// The texts of labels or boxes.
+template <typename Widgets>
+Strings Texts(const Widgets& widgets) {
     Strings texts;
-    for (const QLabel* label : labels) texts.push_back(label->text().toStdString());
+    for (const auto* widget : widgets) texts.push_back(widget->text().toStdString());
     return texts;
 }
 

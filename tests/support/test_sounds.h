@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace test_sounds {
@@ -19,13 +20,9 @@ inline std::vector<std::uint8_t> WaveImage(const std::vector<std::int16_t>& samp
     std::vector<std::uint8_t> out{'R', 'I', 'F', 'F'};
     Put(out, 36 + 2 * samples.size(), 4, false);
     for (char c : std::string("WAVEfmt ")) out.push_back(c);
-    Put(out, 16, 4, false);
-    Put(out, 1, 2, false);  // PCM
-    Put(out, 1, 2, false);  // mono
-    Put(out, rate, 4, false);
-    Put(out, rate * 2, 4, false);
-    Put(out, 2, 2, false);
-    Put(out, 16, 2, false);
+    // The format's size, PCM, mono, the rate, the bytes a second, a frame's bytes, 16 bits.
+    for (const auto& [value, bytes] : {std::pair{16, 4}, {1, 2}, {1, 2}, {rate, 4}, {rate * 2, 4}, {2, 2}, {16, 2}})
+        Put(out, value, bytes, false);
     for (char c : std::string("data")) out.push_back(c);
     Put(out, 2 * samples.size(), 4, false);
     for (std::int16_t s : samples) Put(out, static_cast<std::uint16_t>(s), 2, false);

@@ -29,11 +29,6 @@ protected:
         gsSkillLevel = "Medium";
     }
 
-    static Strings UserRows() {
-        return Rows("SELECT * FROM user",
-                    {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
-    }
-
     RecordingMainForm mainForm_;
     SoundKeys sounds_;
 };
@@ -47,13 +42,13 @@ TEST_F(FGameOverTest, TheRecordIsAddedByNameThenEditedInPlaceUnlessTheNameHasAQu
     EXPECT_EQ(Texts(first.lblAmt), (Strings{"250", "180", "150", "-20"}));
     EXPECT_EQ(giNumGames, 1);
     EXPECT_EQ(glWinnings, -50);
-    EXPECT_EQ(UserRows(), (Strings{"8|Bo|-|-|-|-|9|900", "0|Ann|Lu|Mo|Ned|Medium|1|-50"}));
+    EXPECT_EQ(Users(), (Strings{"0|Ann|Lu|Mo|Ned|Medium|1|-50", "8|Bo|-|-|-|-|9|900"}));
 
     gsUserName = "  Ann ";
     gsOpponent1 = "Zed";
     mainForm_.money = {"180", "95", "250", "275"};
     FGameOver second;
-    EXPECT_EQ(UserRows(), (Strings{"8|Bo|-|-|-|-|9|900", "0|Ann|Zed|Mo|Ned|Medium|2|25"}));
+    EXPECT_EQ(Users(), (Strings{"0|Ann|Zed|Mo|Ned|Medium|2|25", "8|Bo|-|-|-|-|9|900"}));
     EXPECT_EQ(Rows("SELECT * FROM player", {"name"}).size(), 4u);  // emptied before each use
     EXPECT_TRUE(responder_.Events().empty());
 
@@ -61,7 +56,7 @@ TEST_F(FGameOverTest, TheRecordIsAddedByNameThenEditedInPlaceUnlessTheNameHasAQu
     FGameOver quoted;
     EXPECT_EQ(Boxes(), (std::vector<Box>{{"SaveUserData", platform::kExclamation,
                                           "Syntax error (missing operator) in query expression 'name='O'Brien''."}}));
-    EXPECT_EQ(UserRows(), (Strings{"8|Bo|-|-|-|-|9|900", "0|Ann|Zed|Mo|Ned|Medium|2|25"}));
+    EXPECT_EQ(Users(), (Strings{"0|Ann|Zed|Mo|Ned|Medium|2|25", "8|Bo|-|-|-|-|9|900"}));
     EXPECT_FALSE(gbDbFailed);
     EXPECT_EQ(Texts(quoted.lblPlayer), (Strings{"O'Brien", "Ned", "Zed", "Mo"}));
 }
@@ -100,8 +95,7 @@ TEST_F(FGameOverTest, TheTimerTellsOnceWhoWonAndEachAnswerGoesThroughTheTagTheFr
 }
 
 TEST_F(FGameOverTest, AFailedOpenLeavesTheRowsEmptyAndTheFormUnloadsWhenItActivates) {
-    TempDir vanished;
-    gsDbPath = vanished.File("gone");
+    gsDbPath = app_.File("gone");
     FGameOver form;
     EXPECT_TRUE(gbDbFailed);
     EXPECT_TRUE(responder_.Events().empty());

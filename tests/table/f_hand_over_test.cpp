@@ -66,9 +66,9 @@ TEST_F(FHandOverTest, OneRowPerHandOlderRowsCrossedOutTheLeaderInBlueTheResultPl
         shown.cmdOK->click();
         EXPECT_FALSE(shown.isVisible());
     }
-}
 
-TEST_F(FHandOverTest, TheLeaderOfTheLastHandIsTheLaterOfEqualsAndTheFirstWhenAllAreBelowZero) {
+    // The leader of the last hand is the later of equals, and the first when
+    // all are below zero.
     const std::vector<std::pair<Strings, int>> cases = {
         {{"100", "150", "120", "90"}, 1}, {{"150", "150", "150", "150"}, 3}, {{"100", "150", "150", "120"}, 2},
         {{"-20", "-5", "-10", "-1"}, 0},  {{"-20", "0", "-10", "-1"}, 1}};

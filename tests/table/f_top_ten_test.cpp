@@ -86,8 +86,7 @@ TEST_F(TopTenTest, ANewScoreRanksBelowAnEqualOnePushesTheTenthOffAndIsShownMarke
 // Clear asks, then empties the table before the screen; a failed open on the
 // way closes the list.
 TEST_F(TopTenTest, FromTheMenuTheListShowsTheBestFirstAnEqualScoreByItsWholeDateSoundsTheWinOnceAndClears) {
-    TempDir vanished;
-    gsDbPath = vanished.File("gone");
+    gsDbPath = app_.File("gone");
     FTopTen failed;
     EXPECT_TRUE(gbDbFailed);
     EXPECT_EQ(Texts(failed.lblPlayer), Strings(10, ""));
@@ -111,7 +110,7 @@ TEST_F(TopTenTest, FromTheMenuTheListShowsTheBestFirstAnEqualScoreByItsWholeDate
     responder_.Answer(platform::kAnswerNo);
     form.cmdTopTen[1]->click();
     EXPECT_EQ(Rows("SELECT * FROM topten", {"name"}).size(), 5u);
-    gsDbPath = vanished.File("gone");
+    gsDbPath = app_.File("gone");
     responder_.Answer(platform::kAnswerYes);
     form.cmdTopTen[1]->click();
     EXPECT_TRUE(gbDbFailed);

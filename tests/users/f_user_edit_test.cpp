@@ -11,12 +11,6 @@ namespace {
 
 const Box kSaved{"Saving User Information", kExclamation, "User record saved!"};
 
-QStringList Texts(const FUserEdit& form) {
-    QStringList texts;
-    for (const QLineEdit* box : form.txtUser) texts << box->text();
-    return texts;
-}
-
 // Which of the four boxes, then Save and Delete, take input: "1111 10".
 std::string Enabled(const FUserEdit& form) {
     std::string flags;
@@ -43,14 +37,14 @@ TEST_F(FUserEditTest, SavesAndDeletesGoByIdAndARenameChangesEveryEntryOfTheName)
     EXPECT_EQ(Enabled(form), "0000 00");
     Choose(form, "<New User>");
     EXPECT_EQ(Enabled(form), "1111 10");
-    EXPECT_EQ(Texts(form), (QStringList{"<New User>", "Player 1", "Player 2", "Player 3"}));
+    EXPECT_EQ(Texts(form.txtUser), (Strings{"<New User>", "Player 1", "Player 2", "Player 3"}));
     form.cmdUser[0]->click();
     Type(form.txtUser[0], "Dan");
     form.cmdUser[0]->click();
     EXPECT_EQ(Users().back(), "7|Dan|Player 1|Player 2|Player 3|Easy|0|0");
     EXPECT_EQ(Entries(*form.lstUser), (QStringList{"<New User>", "Bob", "Bob", "Dan", "eve"}));
     EXPECT_EQ(form.lstUser->item(3)->data(Qt::UserRole).toInt(), 7);
-    EXPECT_EQ(Texts(form), (QStringList{"", "", "", ""}));
+    EXPECT_EQ(Texts(form.txtUser), (Strings{"", "", "", ""}));
     EXPECT_EQ(Enabled(form), "0000 00");
     EXPECT_EQ(gsUserName, "");
 
@@ -70,9 +64,7 @@ TEST_F(FUserEditTest, SavesAndDeletesGoByIdAndARenameChangesEveryEntryOfTheName)
         EXPECT_EQ(form.txtUser[0]->text(), "Bob");
         EXPECT_EQ(QApplication::focusWidget(), form.txtUser[0]);
     }
-    const Box question{"User Name has changed...", kQuestion | kYesNo,
-                       "Do you wish to change the user\r\nname Bob -> O'Brien?\r\n\r\n"
-                       "Note: To add a NEW user select\r\n<New User> from the user list."};
+    const Box question = RenameQuestion("Bob", "O'Brien");
     EXPECT_EQ(Boxes(), (std::vector<Box>{{"Invalid User Name", kExclamation, "<New User> is not a valid user name!"},
                                          kSaved, kSaved, question, question, question, kSaved}));
     EXPECT_EQ(Entries(*form.lstUser), (QStringList{"<New User>", "O'Brien", "O'Brien", "Dan", "eve"}));

@@ -66,7 +66,7 @@ TEST_F(FUserNameTest, TheFirstFailingRuleIsToldTillANameTypedOverTheNewUserEntry
     ShowActive(leaving);
     QTest::keyClick(&leaving, Qt::Key_Escape);
     EXPECT_EQ(mainForm_.tag, "X");
-    EXPECT_EQ(sounds_, Strings{"EXITPROG"});
+    EXPECT_EQ(sounds_.keys, Strings{"EXITPROG"});
     EXPECT_EQ(CurrentUser(), user);
 }
 
@@ -84,9 +84,7 @@ TEST_F(FUserNameTest, TheLastUserIsChosenAtEachActivationAndATypedNameIsARenameT
     form.txtPlayer[2]->setFocus();
     responder_.Answer(platform::kAnswerNo);
     form.cmdUserName[0]->click();
-    EXPECT_EQ(Boxes(), (std::vector<Box>{{"User Name has changed...", platform::kQuestion | platform::kYesNo,
-                                          "Do you wish to change the user\r\nname zed -> Ann?\r\n\r\n"
-                                          "Note: To add a NEW user select\r\n<New User> from the user list."}}));
+    EXPECT_EQ(Boxes(), std::vector<Box>{RenameQuestion("zed", "Ann")});
     EXPECT_EQ(form.cboUser->currentText(), "zed");
     EXPECT_EQ(QApplication::focusWidget(), form.txtPlayer[1]);
     EXPECT_EQ(mainForm_.tag, "");
@@ -103,7 +101,7 @@ TEST_F(FUserNameTest, TheLastUserIsChosenAtEachActivationAndATypedNameIsARenameT
     Type(form.txtPlayer[2], "Max");
     OpenAndCloseHelp(form.imgHelp);
     EXPECT_EQ(gsHelpFor, "FUserName");
-    EXPECT_EQ(sounds_, (Strings{"BUTTONCLICK", "BUTTONCLICK"}));
+    EXPECT_EQ(sounds_.keys, (Strings{"BUTTONCLICK", "BUTTONCLICK"}));
     EXPECT_EQ(Texts(form), (QStringList{"zed", "Lu", "Mo", "Ned"}));
 
     Type(form.cboUser, "Zed");

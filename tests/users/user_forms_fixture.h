@@ -3,9 +3,6 @@
 // tell it, and the sound keys asked for.
 #pragma once
 
-#define SQLITE_HAS_CODEC 1
-#include <sqlcipher/sqlite3.h>
-
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QPushButton>
@@ -16,34 +13,19 @@
 #include <string>
 #include <vector>
 
-#include "sound/mod_sound_lib.h"
+#include "platform/dao_fixture.h"
 #include "storage/storage_fixture.h"
+#include "support/form_probe.h"
 #include "support/recording_main_form.h"
 #include "users/f_help.h"
 #include "users/help_image.h"
 
 using platform::kExclamation;
-using Strings = std::vector<std::string>;
 
-// A user is read as "userid|name|player1|player2|player3|skilllevel|numgames|winnings".
 class UserFormTest : public DeliveredDbTest {
 protected:
-    void SetUp() override {
-        DeliveredDbTest::SetUp();
-        modSoundLib::SetKeyObserver([this](const std::string& key, bool) { sounds_.push_back(key); });
-    }
-    void TearDown() override {
-        modSoundLib::SetKeyObserver(nullptr);
-        DeliveredDbTest::TearDown();
-    }
-
     // Rows as SQL values, "(3, 'Ann', 'Lu', 'Mo', 'Ned', 'Easy', 0, 0)", in the order of the fields.
     static void AddUsers(const std::string& rows) { Open()->Execute("INSERT INTO user VALUES " + rows); }
-
-    static Strings Users() {
-        return Rows("SELECT * FROM user ORDER BY userid",
-                    {"userid", "name", "player1", "player2", "player3", "skilllevel", "numgames", "winnings"});
-    }
 
     static std::string CurrentUser() {
         using namespace modGlobal;
@@ -52,12 +34,13 @@ protected:
     }
 
     // The table user vanishes from the file: its selects fail, the file opens.
-    static void DropUserTable() {
-        sqlite3* db = nullptr;
-        ASSERT_EQ(sqlite3_open_v2(storage::DbFileName().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
-        ASSERT_EQ(sqlite3_key(db, "qmvtrla", 7), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(db, "DROP TABLE user", nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(db);
+    static void DropUserTable() { RunSql(storage::DbFileName(), "DROP TABLE user", "qmvtrla"); }
+
+    // The question both forms ask before a user is renamed.
+    static Box RenameQuestion(const std::string& from, const std::string& to) {
+        return {"User Name has changed...", platform::kQuestion | platform::kYesNo,
+                "Do you wish to change the user\r\nname " + from + " -> " + to +
+                    "?\r\n\r\nNote: To add a NEW user select\r\n<New User> from the user list."};
     }
 
     // Types over the whole text of a box, as a user would.
@@ -94,5 +77,5 @@ protected:
     }
 
     RecordingMainForm mainForm_;
-    Strings sounds_;
+    SoundKeys sounds_;
 };
