@@ -18,9 +18,7 @@ mapped() {  # command...; prints the milliseconds until the user form is mapped
   start=$(ms)
   "$@" >/dev/null 2>&1 &
   app=$!
-  until xdotool search --onlyvisible --name "^Lantern! Dovrin$" >/dev/null 2>&1; do
-    kill -0 "$app" 2>/dev/null || { echo "the program ended before its user form showed" >&2; exit 1; }
-  done
+  wait_for_user_form "$app" || exit 1
   echo $(( $(ms) - start ))
   kill "$app" 2>/dev/null; wait "$app" 2>/dev/null || true
 }

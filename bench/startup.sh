@@ -16,9 +16,7 @@ for run in $(seq "$RUNS"); do
   start=$(ms)
   "$WORK/program/dovrin" >/dev/null 2>&1 &
   app=$!
-  until xdotool search --onlyvisible --name "^Lantern! Dovrin$" >/dev/null 2>&1; do
-    kill -0 "$app" 2>/dev/null || { echo "run $run: the program ended before its user form showed" >&2; exit 1; }
-  done
+  wait_for_user_form "$app" || exit 1
   shown=$(ms)
   kill "$app" 2>/dev/null; wait "$app" 2>/dev/null || true
   echo "run $run: program start to user form mapped: $((shown - start)) ms"

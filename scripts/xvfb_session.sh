@@ -20,3 +20,11 @@ fresh_program() {
   mkdir -p "$3"
   cp "$1"/dovrin "$1"/Circus.mid "$1"/sweetone.mid "$1"/PCluck.wav "$2"/Lantern.mdb "$2"/dovrin.ini "$3"/
 }
+
+# wait_for_user_form PID: polls (a few milliseconds a look) until the user
+# form's window is mapped; fails when the program ends before it shows.
+wait_for_user_form() {
+  until xdotool search --onlyvisible --name "^Lantern! Dovrin$" >/dev/null 2>&1; do
+    kill -0 "$1" 2>/dev/null || { echo "the program ended before its user form showed" >&2; return 1; }
+  done
+}
