@@ -154,20 +154,13 @@ void FWantMore::Form_Load() {
     modSoundLib::PlaySoundFile("PENGUINSOUNDS", false, false);
     if (!goMidi) return;
     goMidi->SetLoopMusic(true);
-    if (goMidi->Enabled()) {
-        goMidi->Play(*this, "sweetone.mid");
-        if (!goMidi->Enabled()) modGlobal::MusicFailed(*this);
-    }
+    modGlobal::PlayTune(*this, "sweetone.mid");
 }
 
 void FWantMore::StopScene() {
-    using modGlobal::goMidi;
     modSoundLib::StopSounds();
     for (platform::PlatformTimer* timer : {tmrMidi, tmrUFO, tmrAnim, smTimer}) timer->SetEnabled(false);
-    if (goMidi && goMidi->Enabled() && goMidi->Active()) {
-        goMidi->StopPlay(*this);
-        if (!goMidi->Enabled()) modGlobal::MusicFailed(*this);
-    }
+    modGlobal::StopTune(*this);
 }
 
 // The scene stands still where it is; only a new opening starts it again.
@@ -250,9 +243,10 @@ void FWantMore::tmrAnim_Timer() {
     if (s.pass < kPasses[s.state]) return;
 
     if (s.state == 3 || s.state == 4) {
-        const QPoint at = kLargeFigure[s.state - 3];
-        BitBlt(picForm->hDC(), at.x(), at.y(), picMask[0]->Width(), picMask[0]->Height(), picBackGround->hDC(), 0, 0,
-               SRCCOPY);
+        const int side = s.state - 3;
+        const QPoint at = kLargeFigure[side];
+        BitBlt(picForm->hDC(), at.x(), at.y(), picMask[side]->Width(), picMask[side]->Height(), picBackGround->hDC(), 0,
+               0, SRCCOPY);
         picForm->Refresh();
         s.largeSaved = false;
     }

@@ -128,10 +128,7 @@ void FDovrin::Form_QueryUnload() {
     picHelp->hide();
     HideHighScore();
     SetMenusEnabled(true);
-    if (goMidi && goMidi->Active() && goMidi->Enabled()) {
-        goMidi->StopPlay(*this);
-        if (!goMidi->Enabled()) MusicFailed(*this);
-    }
+    StopTune(*this);
     platform::cdtTerm();
     storage::Ini_Save(*this);
 }

@@ -84,10 +84,7 @@ void FDovrin::LoadSpriteArt() {
 
 void FDovrin::CelebrateHighScore() {
     LoadSpriteArt();
-    if (goMidi && goMidi->Enabled()) {
-        goMidi->Play(*this, "Circus.mid");
-        if (!goMidi->Enabled()) MusicFailed(*this);
-    }
+    PlayTune(*this, "Circus.mid");
     picHighScore->show();
     picHighScore->raise();
     tmrHighScore->SetEnabled(true);

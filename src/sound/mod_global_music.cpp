@@ -20,6 +20,18 @@ void MusicFailed(QWidget& pForm) {
     midiErr.exec();
 }
 
+void PlayTune(QWidget& pForm, const std::string& psTune) {
+    if (!goMidi || !goMidi->Enabled()) return;
+    goMidi->Play(pForm, psTune);
+    if (!goMidi->Enabled()) MusicFailed(pForm);
+}
+
+void StopTune(QWidget& pForm) {
+    if (!goMidi || !goMidi->Enabled() || !goMidi->Active()) return;
+    goMidi->StopPlay(pForm);
+    if (!goMidi->Enabled()) MusicFailed(pForm);
+}
+
 void WatchTune(QWidget& pForm, const std::string& psTune) {
     if (!goMidi || !goMidi->Enabled()) return;
     const std::int16_t position = goMidi->GetStatus("Position");
@@ -27,10 +39,7 @@ void WatchTune(QWidget& pForm, const std::string& psTune) {
         MusicFailed(pForm);
         return;
     }
-    if (position == goMidi->EndOfFile() && goMidi->LoopMusic()) {
-        goMidi->Play(pForm, psTune);
-        if (!goMidi->Enabled()) MusicFailed(pForm);
-    }
+    if (position == goMidi->EndOfFile() && goMidi->LoopMusic()) PlayTune(pForm, psTune);
 }
 
 }  // namespace modGlobal

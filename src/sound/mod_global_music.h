@@ -25,6 +25,13 @@ extern storage::SettingsForm* goOptionEntries;
 // "Turn &Music On" in the menu, and shows FMidiErr.
 void MusicFailed(QWidget& pForm);
 
+// Plays a tune for the form when the music is enabled; a device that fails
+// turns the music off, and MusicFailed tells the player.
+void PlayTune(QWidget& pForm, const std::string& psTune);
+
+// Stops the tune the form plays, if one plays; a failure is told as above.
+void StopTune(QWidget& pForm);
+
 // A tick of tmrMidi on the form that owns the tune: the end of the tune is
 // its position standing at the stored length, and a looping tune starts
 // again there.

@@ -99,13 +99,9 @@ void FTopTen::Form_Activate() {
 void FTopTen::done(int result) {
     tmrTopTen.SetEnabled(false);
     using modGlobal::goMainForm;
-    using modGlobal::goMidi;
     if (goMainForm && goMainForm->HighScoreVisible()) goMainForm->HideHighScore();
     QWidget* owner = goMainForm ? goMainForm->MusicOwner() : nullptr;
-    if (owner && goMidi && goMidi->Enabled() && goMidi->Active()) {
-        goMidi->StopPlay(*owner);
-        if (!goMidi->Enabled()) modGlobal::MusicFailed(*owner);
-    }
+    if (owner) modGlobal::StopTune(*owner);
     modGlobal::SetMenusEnabled(true);
     QDialog::done(result);
 }
