@@ -1,6 +1,5 @@
 // Any bytes as dovrin.ini: both readers must take them without a crash, and
 // what a load gives must come back whole through a save and a second load.
-#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -10,21 +9,9 @@
 #include "platform/runtime/runtime.h"
 #include "platform/runtime_temp_dir.h"
 #include "storage/settings_file.h"
+#include "support/recording_main_form.h"
 
 namespace {
-
-class FuzzSettingsForm : public storage::SettingsForm {
-public:
-    void SetOptionMenuVisible(int index, bool visible) override { menus.at(index) = visible; }
-    bool MusicEnabled() const override { return music; }
-    void SetMusicEnabled(bool enabled) override { music = enabled; }
-    int WindowState() const override { return windowState; }
-    void SetWindowState(int state) override { windowState = state; }
-
-    std::array<bool, 7> menus{};
-    bool music = false;
-    int windowState = 0;
-};
 
 struct Options {
     std::int32_t lastUserId;
@@ -37,7 +24,7 @@ struct Options {
     }
 };
 
-Options Current(const FuzzSettingsForm& form) {
+Options Current(const RecordingMainForm& form) {
     using namespace modGlobal;
     return {glLastUserId, gsDbPath, gbSoundOn, gbAnimalsOn, form.music, glAnimSpeed};
 }
@@ -56,14 +43,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     modGlobal::ReadCopyLinkOption(noUser);
 
     modGlobal::ResetGlobals();
-    FuzzSettingsForm form;
+    RecordingMainForm form;
     storage::Ini_Load(file, form);
     const Options loaded = Current(form);
 
     modGlobal::glUserId = modGlobal::glLastUserId;
     storage::Ini_Save(form);
     modGlobal::ResetGlobals();
-    FuzzSettingsForm reloadedForm;
+    RecordingMainForm reloadedForm;
     const std::size_t boxesBefore = responder.Boxes().size();
     storage::Ini_Load(file, reloadedForm);
     if (!(Current(reloadedForm) == loaded) || responder.Boxes().size() != boxesBefore) std::abort();

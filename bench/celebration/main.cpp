@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
     auto* form = new FDovrin;
     Driver driver(*form);
     app.installEventFilter(&driver);
-    if (!form->Form_Load()) return 1;
+    form->Form_Load();
     form->show();
     return QApplication::exec();
 }

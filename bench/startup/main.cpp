@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
     auto* form = new FDovrin;
     PaintWatch watch(*form, start);
     app.installEventFilter(&watch);
-    if (!form->Form_Load()) return 1;
+    form->Form_Load();
     form->show();
     return QApplication::exec();
 }

@@ -2,7 +2,7 @@
 // of the engine that live beside them. No Qt here: the engine, the storage
 // and the forms all include this header. Procedures of modGlobal that need
 // the desktop live with the layer that has it (CenterForm in the platform's
-// display, SetMenusEnabled and the main form's link with the table's forms).
+// display, SetMenusEnabled beside the main form's link in link/).
 #pragma once
 
 #include <array>

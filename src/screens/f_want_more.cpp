@@ -2,7 +2,6 @@
 // script of the figures is in f_want_more_script.cpp.
 #include "screens/f_want_more.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -78,7 +77,6 @@ FWantMore::FWantMore(QWidget* parent) : platform::ArtDialog(parent, kFormWidth, 
         timer->SetEnabled(false);
         timer->SetInterval(interval);
     }
-    tmrMidi->setObjectName(QStringLiteral("tmrMidi"));
     connect(tmrUFO, &platform::PlatformTimer::Timer, this, &FWantMore::tmrUFO_Timer);
     connect(smTimer, &platform::PlatformTimer::Timer, this, &FWantMore::smTimer_Timer);
     connect(tmrAnim, &platform::PlatformTimer::Timer, this, &FWantMore::tmrAnim_Timer);
@@ -88,7 +86,8 @@ FWantMore::FWantMore(QWidget* parent) : platform::ArtDialog(parent, kFormWidth, 
 
 void FWantMore::CreatePictures() {
     picForm = new PictureBox(this, kStagePicture);
-    picForm->SetPicture(Art(QStringLiteral("stage"), kStagePicture));
+    stageGround = Art(QStringLiteral("stage"), kStagePicture);
+    picForm->SetPicture(stageGround);
     picForm->setGeometry(QRect(QPoint(0, 0), kStageShown));
 
     const Figure ufo = HiddenFigure(this, QStringLiteral("ufo"), QSize(333, 31));
@@ -171,9 +170,9 @@ void FWantMore::cmdVisitWebPage_Click() {
 
 void FWantMore::Form_QueryUnload() { StopScene(); }
 
-void FWantMore::closeEvent(QCloseEvent* event) {
+void FWantMore::done(int result) {
     Form_QueryUnload();
-    event->accept();
+    platform::ArtDialog::done(result);
 }
 
 void FWantMore::ShowPanelFrame(PictureBox& panel, int frame) {

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 
+#include "link/main_form_link.h"
 #include "platform/display/art_dialog.h"
 #include "platform/display/picture_box.h"
 #include "platform/display/platform_timer.h"
@@ -16,10 +17,12 @@
 class QLabel;
 class QPushButton;
 
-class FWantMore : public platform::ArtDialog {
+class FWantMore : public platform::ArtDialog, public TuneForm {
     Q_OBJECT
 public:
     explicit FWantMore(QWidget* parent = nullptr);
+    QWidget& Window() override { return *this; }
+    platform::PlatformTimer& MidiTimer() override { return *tmrMidi; }
 
     using PictureBox = platform::PictureBox;
     PictureBox* picForm = nullptr;  // the stage
@@ -104,8 +107,9 @@ public:
     void tmrUFO_Timer();
     void cmdVisitWebPage_Click();
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
+    // Every way of closing comes here: the Close button, Escape and the
+    // frame's close box all end in done().
+    void done(int result) override;
 
 private:
     void CreatePictures();
@@ -116,7 +120,10 @@ private:
     void ShowPanelFrame(PictureBox& panel, int frame);
     void DrawLargeFigure(int side);
     void MoveSmallFigure();
+    void LayGroundUnder(const SpriteRecord& ufo);
     void RunScript();
     bool RaiseCaptives();
     void MovePlaneFrame();
+
+    QImage stageGround;  // the stage's own picture, without a figure
 };

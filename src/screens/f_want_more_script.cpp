@@ -57,7 +57,8 @@ void FWantMore::smTimer_Timer() {
 }
 
 // One step of the zigzag: right or left, and down to row 48 or up to row 0,
-// where it turns, the next step knowing the turn by Fresh.
+// where it turns and is marked Fresh; the mover gives back the whole saved
+// ground after a turn all the same.
 void FWantMore::MoveSmallFigure() {
     Scene& s = scene;
     SpriteRecord& figure = s.small;
@@ -116,6 +117,7 @@ void FWantMore::tmrUFO_Timer() {
         s.planeDelay = 0;
         s.rayFirst = s.shrinkFirst = true;  // the ray's first calls compose it
         smTimer->SetEnabled(false);
+        LayGroundUnder(s.ufoIn);
     }
     if (s.Ticks > 35) {
         RunScript();
@@ -154,7 +156,10 @@ void FWantMore::RunScript() {
         ShrinkRay(*picRay_WA, *picRay_BG, *picForm, kRayX, kRayY, s.shrinkFirst, kRayFull - s.shrinkRows, s.shrinkRows);
         return;
     }
-    s.ufoGone = true;
+    if (!s.ufoGone) {
+        s.ufoGone = true;
+        LayGroundUnder(s.ufoOut);
+    }
     if (s.ufoOut.Y >= -39) {
         MoveUfoLeftUp(*picUFO, *picUFOMask, *picSmWorkArea, *picSmBackGround, *picForm, s.ufoOut, kStep, kStep);
         s.ufoOut.X -= kStep;
@@ -179,6 +184,16 @@ void FWantMore::RunScript() {
     s.actGo = false;
     smTimer->SetEnabled(true);
     tmrUFO->SetEnabled(false);
+}
+
+// The saved ground that a UFO's first step gives back where it starts: the
+// stage's own ground there. The surface still holds what the small figure
+// left, with 7 columns beyond its width that land on the stage when the UFO
+// comes in at X -40, or the ground of the hovering UFO, 3 pixels off from
+// where the leaving one starts.
+void FWantMore::LayGroundUnder(const SpriteRecord& ufo) {
+    platform::BitBlt(picSmBackGround->hDC(), 0, 0, picUFOMask->Width(), picUFOMask->Height(), &stageGround, ufo.X, ufo.Y,
+                     platform::SRCCOPY);
 }
 
 // The propeller's frame every third tick, up from 0 to 7 and down again.

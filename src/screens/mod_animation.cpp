@@ -30,12 +30,10 @@ void Step(PictureBox& sprite, PictureBox& mask, PictureBox& work, PictureBox& ba
     const std::int32_t x = record.X + at.regionX;
     const std::int32_t y = record.Y + at.regionY;
     BitBlt(work.hDC(), 0, 0, w + dx, h + dy, stage.hDC(), x, y, SRCCOPY);
-    // After a turn the background was saved under the other direction: only
-    // its rows that still fit go back.
-    if (record.Fresh)
-        BitBlt(work.hDC(), at.oldX, at.oldY, w, h - dy, background.hDC(), 0, dy, SRCCOPY);
-    else
-        BitBlt(work.hDC(), at.oldX, at.oldY, w, h, background.hDC(), 0, 0, SRCCOPY);
+    // A turn needs no shifted restore: the last step saved this ground under
+    // the figure's own place, whatever its direction, so all of its rows
+    // still fit where the old figure stands.
+    BitBlt(work.hDC(), at.oldX, at.oldY, w, h, background.hDC(), 0, 0, SRCCOPY);
     BitBlt(background.hDC(), 0, 0, w, h, work.hDC(), at.newX, at.newY, SRCCOPY);
     if (!record.Erase) Stencil(work, at.newX, at.newY, w, h, mask, 0, sprite, FrameSource(record));
     BitBlt(stage.hDC(), x, y, w + dx, h + dy, work.hDC(), 0, 0, SRCCOPY);

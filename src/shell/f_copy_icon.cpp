@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "engine/mod_global.h"
+#include "platform/display/art_dialog.h"
 #include "platform/display/center_form.h"
 #include "platform/display/pictures.h"
 #include "platform/display/twips.h"
@@ -43,6 +44,8 @@ FCopyIcon::FCopyIcon(QWidget* parent) : QDialog(parent) {
         connect(cmdYesNo[index], &QPushButton::clicked, this, [this, index] { cmdYesNo_Click(index); });
     }
     cmdYesNo[0]->setDefault(true);
+    // A question without a cancel button: Escape answers nothing.
+    platform::SetCancelButton(*this, nullptr);
     modGlobal::CenterForm(*this);
 }
 

@@ -13,6 +13,7 @@
 #include "platform/display/twips.h"
 #include "shell/table_canvas.h"
 #include "sound/mod_global_music.h"
+#include "table/labels.h"
 
 using platform::TwipsRect;
 
@@ -108,11 +109,8 @@ FDovrin::FDovrin(QWidget* parent)
     CreateMenus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     modGlobal::goMainForm = this;
-    modGlobal::goOptionEntries = this;
     tmrCount.SetInterval(1);
     connect(&tmrCount, &platform::PlatformTimer::Timer, this, [this] { game_.tmrCount_Timer(); });
-    // The music's watch, found by its name by the music object.
-    tmrMidi->setObjectName(QStringLiteral("tmrMidi"));
     tmrMidi->SetEnabled(false);
     tmrMidi->SetInterval(500);
     connect(tmrMidi, &platform::PlatformTimer::Timer, this, &FDovrin::tmrMidi_Timer);
@@ -125,7 +123,6 @@ FDovrin::FDovrin(QWidget* parent)
 FDovrin::~FDovrin() {
     qApp->removeEventFilter(this);
     if (modGlobal::goMainForm == this) modGlobal::goMainForm = nullptr;
-    if (modGlobal::goOptionEntries == this) modGlobal::goOptionEntries = nullptr;
     modGlobal::goMidi.reset();  // the unload releases the music object
 }
 
@@ -193,9 +190,7 @@ void FDovrin::CreateControls() {
 }
 
 void FDovrin::SetPlayerName(int seat, const std::string& name) {
-    QLabel* plate = lblPlayer.at(seat);
-    plate->setText(QString::fromStdString(name));
-    plate->setFont(platform::NameFontToFit(plate->text(), plate->contentsRect().width(), kNamePointSize, true));
+    table::ShowName(*lblPlayer.at(seat), name, kNamePointSize, true);
 }
 
 std::string FDovrin::MoneyCaption(int seat) const { return lblAmt.at(seat)->text().toStdString(); }

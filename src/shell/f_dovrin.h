@@ -1,9 +1,9 @@
 // FDovrin: the main form, the card table. It owns the game and is the table
 // the game is played on; its handlers are the game's control flow. The file
 // is split by concern:
-//   table/f_dovrin.cpp          the controls and their places
-//   table/f_dovrin_surface.cpp  painting, seat panels, card flights, forms of a hand's end
-//   table/f_dovrin_input.cpp    mouse, keys and the hover boxes
+//   shell/f_dovrin.cpp          the controls and their places
+//   shell/f_dovrin_surface.cpp  painting, seat panels, card flights, forms of a hand's end
+//   shell/f_dovrin_input.cpp    mouse, keys and the hover boxes
 //   shell/f_dovrin_life.cpp     load, first activation, shut-down
 //   shell/f_dovrin_menus.cpp    the menu bar and the options
 //   shell/f_dovrin_sprites.cpp  the celebration of a high score
@@ -21,10 +21,9 @@
 #include "engine/game_state.h"
 #include "platform/display/form_surface.h"
 #include "platform/display/picture_box.h"
+#include "link/main_form_link.h"
 #include "platform/display/platform_timer.h"
-#include "table/main_form_link.h"
 #include "platform/display/sprite_record.h"
-#include "storage/settings_file.h"
 #include "storage/top_ten.h"
 
 class QAction;
@@ -53,7 +52,7 @@ private:
 class FDovrin : public QMainWindow,
                 public Table,
                 public MainFormLink,
-                public storage::SettingsForm {
+                public TuneForm {
     Q_OBJECT
 public:
     explicit FDovrin(QWidget* parent = nullptr);
@@ -122,12 +121,12 @@ public:
     QAction* mnuDistribute = nullptr;
 
     // --- life cycle (shell/f_dovrin_life.cpp) ---
-    // False when the load failed and the program is to end.
-    bool Form_Load();
+    // A load that fails ends the program at once.
+    void Form_Load();
     void Form_Activate();
     void Form_QueryUnload();
     void StartGame(bool newGame);
-    void ChangeUser(bool pbFirst);
+    void ChangeUser(bool pbFirst) override;
     void tmrMidi_Timer();
 
     // --- menus and options (shell/f_dovrin_menus.cpp) ---
@@ -142,7 +141,7 @@ public:
     void mnuDistribute_Click();
     void cmdWantMore_Click();
 
-    // --- mouse and keys (table/f_dovrin_input.cpp) ---
+    // --- mouse and keys (shell/f_dovrin_input.cpp) ---
     void Form_MouseDown(float x, float y);
     void Form_Click();
     void Form_MouseMove(float x, float y);
@@ -152,7 +151,7 @@ public:
     std::int32_t miLastMouseX = 0;  // the last position seen by the hover boxes, twips
     std::int32_t miLastMouseY = 0;
 
-    // --- the table the game is played on (table/f_dovrin_surface.cpp) ---
+    // --- the table the game is played on (shell/f_dovrin_surface.cpp) ---
     void SetAutoRedraw(bool on) override;
     void Cls() override;
     void DrawCardsPlayed(const std::vector<Card>& cardsPlayed) override;
@@ -195,10 +194,12 @@ public:
     void SetTopMenusEnabled(bool enabled) override;
     bool HighScoreVisible() const override;
     void HideHighScore() override;
-    QWidget* MusicOwner() override { return this; }
+    void StopFanfareTune() override;
+    QWidget& Window() override { return *this; }
+    platform::PlatformTimer& MidiTimer() override { return *tmrMidi; }
 
     // --- what the settings reach ---
-    void SetOptionMenuVisible(int index, bool visible) override;
+    void ShowOptionPair(OptionPair pair, bool on) override;
     bool MusicEnabled() const override;
     void SetMusicEnabled(bool enabled) override;
     int WindowState() const override;

@@ -13,10 +13,11 @@
 #include "platform/display/pictures.h"
 #include "platform/runtime/runtime.h"
 #include "platform/display/center_form.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 #include "storage/database_check.h"
 #include "table/f_top_ten.h"
 #include "storage/mod_global_db.h"
+#include "storage/settings_file.h"
 #include "shell/f_dovrin.h"
 #include "sound/mod_global_music.h"
 #include "table/f_game_over.h"
@@ -32,7 +33,7 @@ const char* const kTitle = "Oakmere Software's LANTERN! DOVRIN v3.0";
 
 // Any failure, a missing card deck included, ends the program at once with
 // the closing message; no unload step runs then.
-bool FDovrin::Form_Load() {
+void FDovrin::Form_Load() {
     std::string failure;
     try {
         CenterForm(*this);
@@ -51,9 +52,8 @@ bool FDovrin::Form_Load() {
         SeedRandom();
         ReloadPicture();
         SetWindowState(gbMaximize ? 2 : 0);
-        SetChangeUserHook([this](bool pbFirst) { ChangeUser(pbFirst); });
         loaded_ = true;
-        return true;
+        return;
     } catch (const std::exception& error) {
         failure = error.what();
     }

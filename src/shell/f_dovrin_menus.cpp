@@ -82,8 +82,10 @@ void FDovrin::CreateMenus() {
     connect(mnuDistribute, &QAction::triggered, this, &FDovrin::mnuDistribute_Click);
 }
 
-void FDovrin::SetOptionMenuVisible(int index, bool visible) {
-    mnuOption.at(index)->setVisible(visible);
+void FDovrin::ShowOptionPair(OptionPair pair, bool on) {
+    const auto first = static_cast<std::size_t>(pair);
+    mnuOption.at(first)->setVisible(!on);
+    mnuOption.at(first + 1)->setVisible(on);
 }
 
 void FDovrin::mnuFile_Click(int index) {
@@ -101,40 +103,36 @@ void FDovrin::mnuFile_Click(int index) {
 // Switching on sets the option before its announcement, switching off after
 // it, so both announcements are heard.
 void FDovrin::mnuOption_Click(int index) {
-    auto offer = [this](int hide, int show) {
-        mnuOption[hide]->setVisible(false);
-        mnuOption[show]->setVisible(true);
-    };
     switch (index) {
         case 0:
             gbAnimalsOn = true;
             modSoundLib::PlayAnimalEffect("ANIMALSON");
-            offer(0, 1);
+            ShowOptionPair(OptionPair::Animals, true);
             break;
         case 1:
             modSoundLib::PlayAnimalEffect("ANIMALSON");
             gbAnimalsOn = false;
-            offer(1, 0);
+            ShowOptionPair(OptionPair::Animals, false);
             break;
         case 3:
             SetMusicEnabled(true);
             modSoundLib::PlayEffect("MUSICON");
-            offer(3, 4);
+            ShowOptionPair(OptionPair::Music, true);
             break;
         case 4:
             modSoundLib::PlayEffect("MUSICON");
             SetMusicEnabled(false);
-            offer(4, 3);
+            ShowOptionPair(OptionPair::Music, false);
             break;
         case 5:
             gbSoundOn = true;
             modSoundLib::PlayEffect("SOUNDON");
-            offer(5, 6);
+            ShowOptionPair(OptionPair::Sound, true);
             break;
         case 6:
             modSoundLib::PlayEffect("SOUNDON");
             gbSoundOn = false;
-            offer(6, 5);
+            ShowOptionPair(OptionPair::Sound, false);
             break;
         default: break;
     }

@@ -107,6 +107,8 @@ void FDovrin::HideHighScore() {
     picHighScore->hide();
 }
 
+void FDovrin::StopFanfareTune() { StopTune(*this); }
+
 void FDovrin::tmrHighScore_Timer() {
     ++miHighScoreTicks;
     if (miHighScoreTicks == 5) mbHighScoreDone = true;

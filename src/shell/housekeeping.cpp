@@ -53,10 +53,16 @@ void RemoveOlderVersion() {
         PassOver);
 }
 
-// The search stops a letter short of the product word, as it always has.
+// The search stops a letter short of the product word, as it always has. A
+// search that fails counts as found, so that no question is put.
 bool HasDesktopShortcut() {
     const std::string word(kProductWord);
-    return !platform::Dir(OldPlatformPath("C:\\Windows\\Desktop\\" + word.substr(0, word.size() - 1) + "*.lnk")).empty();
+    try {
+        return !platform::Dir(OldPlatformPath("C:\\Windows\\Desktop\\" + word.substr(0, word.size() - 1) + "*.lnk"))
+                    .empty();
+    } catch (const platform::RuntimeError&) {
+        return true;
+    }
 }
 
 void CopyLinkToDeskTop() {

@@ -1,7 +1,5 @@
 #include "sound/c_midi_file.h"
 
-#include <QWidget>
-
 #include "engine/mod_global.h"
 #include "platform/audio/multimedia.h"
 #include "platform/display/platform_timer.h"
@@ -15,11 +13,6 @@ const char* const kClose = "Close MIDIfile";
 
 }  // namespace
 
-void EnableMidiTimer(QWidget& form, bool enabled) {
-    if (auto* timer = form.findChild<platform::PlatformTimer*>(QStringLiteral("tmrMidi")))
-        timer->SetEnabled(enabled);
-}
-
 void CMidiFile::SendOrLog(const std::string& psCommand, const std::string& psAction) {
     const std::uint32_t result = platform::mciSendStringA(psCommand.c_str(), nullptr, 0, nullptr);
     if (result != 0) LogMidiError(psAction, GetMidiErrorText(result));
@@ -31,7 +24,7 @@ void CMidiFile::Pause() {
     if (mbEnabled) SendOrLog("Pause MIDIfile", "Pause");
 }
 
-void CMidiFile::Play(QWidget& pForm, const std::string& psFileName) {
+void CMidiFile::Play(TuneForm& pForm, const std::string& psFileName) {
     if (!mbEnabled) return;
     const std::string fullName = platform::AppPath() + "/" + psFileName;
     // A former tune must never keep the alias.
@@ -43,7 +36,7 @@ void CMidiFile::Play(QWidget& pForm, const std::string& psFileName) {
         return;
     }
     mlEndOfFile = GetStatus("Length");
-    EnableMidiTimer(pForm, true);
+    pForm.MidiTimer().SetEnabled(true);
     // A failed start leaves the timer running; its next tick finds the
     // music off and does nothing.
     const std::uint32_t started = platform::mciSendStringA("Play MIDIfile", nullptr, 0, nullptr);
@@ -74,9 +67,9 @@ std::int16_t CMidiFile::GetStatus(const std::string& psItem) {
     return value;
 }
 
-void CMidiFile::StopPlay(QWidget& pForm) {
+void CMidiFile::StopPlay(TuneForm& pForm) {
     mbActive = false;
-    EnableMidiTimer(pForm, false);
+    pForm.MidiTimer().SetEnabled(false);
     SendOrLog(kClose, "Pause");
 }
 

@@ -7,11 +7,7 @@
 #include <cstdint>
 #include <string>
 
-class QWidget;
-
-// Enables or disables the timer tmrMidi of the form that owns a tune, found
-// by its name: both forms that play tunes have one.
-void EnableMidiTimer(QWidget& form, bool enabled);
+#include "link/main_form_link.h"
 
 class CMidiFile {
 public:
@@ -24,13 +20,12 @@ public:
     bool LoopMusic() const { return mbLoopMusic; }
     void Pause();
     // Opens the tune beside the program and starts it; the form's timer
-    // tmrMidi, found by its name, watches it. Nothing happens while the
-    // music is not enabled.
-    void Play(QWidget& pForm, const std::string& psFileName);
+    // tmrMidi watches it. Nothing happens while the music is not enabled.
+    void Play(TuneForm& pForm, const std::string& psFileName);
     void ResumePlay();
     // "Length" or "Position" in milliseconds; 0 on any failure.
     std::int16_t GetStatus(const std::string& psItem);
-    void StopPlay(QWidget& pForm);
+    void StopPlay(TuneForm& pForm);
     bool Active() const { return mbActive; }
 
 private:

@@ -3,36 +3,33 @@
 #include <QWidget>
 
 #include "sound/f_midi_err.h"
-#include "storage/settings_file.h"
+#include "link/main_form_link.h"
+#include "platform/display/platform_timer.h"
 
 namespace modGlobal {
 
 std::unique_ptr<CMidiFile> goMidi;
-storage::SettingsForm* goOptionEntries = nullptr;
 
-void MusicFailed(QWidget& pForm) {
-    EnableMidiTimer(pForm, false);
-    if (goOptionEntries) {
-        goOptionEntries->SetOptionMenuVisible(3, true);
-        goOptionEntries->SetOptionMenuVisible(4, false);
-    }
-    FMidiErr midiErr(&pForm);
+void MusicFailed(TuneForm& pForm) {
+    pForm.MidiTimer().SetEnabled(false);
+    if (goMainForm) goMainForm->ShowOptionPair(OptionPair::Music, false);
+    FMidiErr midiErr(&pForm.Window());
     midiErr.exec();
 }
 
-void PlayTune(QWidget& pForm, const std::string& psTune) {
+void PlayTune(TuneForm& pForm, const std::string& psTune) {
     if (!goMidi || !goMidi->Enabled()) return;
     goMidi->Play(pForm, psTune);
     if (!goMidi->Enabled()) MusicFailed(pForm);
 }
 
-void StopTune(QWidget& pForm) {
+void StopTune(TuneForm& pForm) {
     if (!goMidi || !goMidi->Enabled() || !goMidi->Active()) return;
     goMidi->StopPlay(pForm);
     if (!goMidi->Enabled()) MusicFailed(pForm);
 }
 
-void WatchTune(QWidget& pForm, const std::string& psTune) {
+void WatchTune(TuneForm& pForm, const std::string& psTune) {
     if (!goMidi || !goMidi->Enabled()) return;
     const std::int16_t position = goMidi->GetStatus("Position");
     if (!goMidi->Enabled()) {

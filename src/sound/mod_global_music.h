@@ -7,34 +7,25 @@
 
 #include "sound/c_midi_file.h"
 
-class QWidget;
-
-namespace storage {
-class SettingsForm;
-}
-
 namespace modGlobal {
 
 // Created by the main form's load, released by its unload.
 extern std::unique_ptr<CMidiFile> goMidi;
-// The main form's option entries, whose music pair MusicFailed switches; the
-// main form registers itself.
-extern storage::SettingsForm* goOptionEntries;
 
 // After the music object turned itself off: stops the form's tmrMidi, offers
 // "Turn &Music On" in the menu, and shows FMidiErr.
-void MusicFailed(QWidget& pForm);
+void MusicFailed(TuneForm& pForm);
 
 // Plays a tune for the form when the music is enabled; a device that fails
 // turns the music off, and MusicFailed tells the player.
-void PlayTune(QWidget& pForm, const std::string& psTune);
+void PlayTune(TuneForm& pForm, const std::string& psTune);
 
 // Stops the tune the form plays, if one plays; a failure is told as above.
-void StopTune(QWidget& pForm);
+void StopTune(TuneForm& pForm);
 
 // A tick of tmrMidi on the form that owns the tune: the end of the tune is
 // its position standing at the stored length, and a looping tune starts
 // again there.
-void WatchTune(QWidget& pForm, const std::string& psTune);
+void WatchTune(TuneForm& pForm, const std::string& psTune);
 
 }  // namespace modGlobal

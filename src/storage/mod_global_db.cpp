@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "engine/mod_global.h"
+#include "link/main_form_link.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 #include "storage/data_procedure.h"
@@ -10,12 +11,6 @@
 using namespace platform;
 
 namespace modGlobal {
-
-namespace {
-
-std::function<void(bool)> gChangeUser;
-
-}  // namespace
 
 std::int32_t GetNextUserID() {
     storage::DataErrorHandler on("GetNextUserID");
@@ -100,8 +95,8 @@ void IsValidPath(std::int32_t plErrNum, const std::string& psErrDesc, const std:
 void RecoverDatabase() {
     FallBackToDefaultDatabase(
         [] {
-            if (!gChangeUser) throw std::logic_error("RecoverDatabase: the main form has installed no ChangeUser");
-            gChangeUser(true);
+            if (!goMainForm) throw std::logic_error("RecoverDatabase: no main form to change the user on");
+            goMainForm->ChangeUser(true);
         },
         RepeatFailure::RecoversAgain);
 }
@@ -114,7 +109,5 @@ void FallBackToDefaultDatabase(const std::function<void()>& repeat, RepeatFailur
     repeat();
     if (gbDbFailed && onFailure == RepeatFailure::EndsProgram) EndProgramNow();
 }
-
-void SetChangeUserHook(std::function<void(bool)> changeUser) { gChangeUser = std::move(changeUser); }
 
 }  // namespace modGlobal

@@ -38,8 +38,4 @@ enum class RepeatFailure {
 // application path and repeats there what failed.
 void FallBackToDefaultDatabase(const std::function<void()>& repeat, RepeatFailure onFailure);
 
-// ChangeUser of the main form, which RecoverDatabase calls with true. The
-// main form installs it.
-void SetChangeUserHook(std::function<void(bool pbFirst)> changeUser);
-
 }  // namespace modGlobal

@@ -1,6 +1,7 @@
 #include "storage/settings_file.h"
 
 #include "engine/mod_global.h"
+#include "platform/runtime/file_system.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 
@@ -10,20 +11,9 @@ namespace storage {
 
 namespace {
 
-// The first entries of the option menu's on/off pairs: the first entry of a
-// pair shows while the option is off, the second while it is on.
-constexpr int kAnimalsMenuPair = 0;
-constexpr int kMusicMenuPair = 3;
-constexpr int kSoundMenuPair = 5;
-
 constexpr std::int32_t kDefaultAnimSpeed = 80000;
 constexpr int kWindowNormal = 0;
 constexpr int kWindowMaximized = 2;
-
-void ShowOptionPair(SettingsForm& form, int pair, bool on) {
-    form.SetOptionMenuVisible(pair, !on);
-    form.SetOptionMenuVisible(pair + 1, on);
-}
 
 const char* TrueFalse(bool value) { return value ? "TRUE" : "FALSE"; }
 
@@ -34,21 +24,21 @@ std::string IniValue(const std::string& line) {
     return Trim(equals == std::string::npos ? line : line.substr(equals + 1));
 }
 
-void SetDefaultSettings(SettingsForm& form) {
+void SetDefaultSettings(OptionEntries& form) {
     using namespace modGlobal;
     gsDbPath = AppPath();
     glLastUserId = 0;
     form.SetWindowState(kWindowNormal);
     gbAnimalsOn = false;
-    ShowOptionPair(form, kAnimalsMenuPair, false);
+    form.ShowOptionPair(OptionPair::Animals, false);
     form.SetMusicEnabled(true);
-    ShowOptionPair(form, kMusicMenuPair, true);
+    form.ShowOptionPair(OptionPair::Music, true);
     gbSoundOn = true;
-    ShowOptionPair(form, kSoundMenuPair, true);
+    form.ShowOptionPair(OptionPair::Sound, true);
     glAnimSpeed = kDefaultAnimSpeed;
 }
 
-std::string IniLine(int line, const SettingsForm& form) {
+std::string IniLine(int line, const OptionEntries& form) {
     using namespace modGlobal;
     switch (line) {
         case 0: return "[Options]";
@@ -67,7 +57,7 @@ std::string IniLine(int line, const SettingsForm& form) {
 
 std::string IniFileName() { return AppPath() + "/dovrin.ini"; }
 
-void LoadSettings(SettingsForm& form) {
+void LoadSettings(OptionEntries& form) {
     const std::string fileName = IniFileName();
     if (FileExists(fileName)) {
         Ini_Load(fileName, form);
@@ -78,7 +68,7 @@ void LoadSettings(SettingsForm& form) {
     SetDefaultSettings(form);
 }
 
-void Ini_Load(const std::string& fileName, SettingsForm& form) {
+void Ini_Load(const std::string& fileName, OptionEntries& form) {
     using namespace modGlobal;
     const auto report = [](const RuntimeError& error) {
         Beep();
@@ -99,14 +89,14 @@ void Ini_Load(const std::string& fileName, SettingsForm& form) {
             gsDbPath = value == "APPPATH" ? AppPath() : value;
         } else if (key == "animals") {
             gbAnimalsOn = value == "TRUE";
-            ShowOptionPair(form, kAnimalsMenuPair, gbAnimalsOn);
+            form.ShowOptionPair(OptionPair::Animals, gbAnimalsOn);
         } else if (key == "musicon") {
             const bool on = value == "TRUE";
             form.SetMusicEnabled(on);
-            ShowOptionPair(form, kMusicMenuPair, on);
+            form.ShowOptionPair(OptionPair::Music, on);
         } else if (key == "soundon") {
             gbSoundOn = value == "TRUE";
-            ShowOptionPair(form, kSoundMenuPair, gbSoundOn);
+            form.ShowOptionPair(OptionPair::Sound, gbSoundOn);
         } else if (key == "animspd") {
             ResumeNext([&] { glAnimSpeed = CLng(CLng(Val(value)) * 1000.0); }, report);
         }
@@ -114,7 +104,7 @@ void Ini_Load(const std::string& fileName, SettingsForm& form) {
     ResumeNext([&] { file.Close(); }, report);
 }
 
-void Ini_Save(const SettingsForm& form) {
+void Ini_Save(const OptionEntries& form) {
     const auto report = [](const RuntimeError& error) {
         Beep();
         MsgBox(error.Description(), kExclamation, "Ini Save Error");
@@ -132,8 +122,9 @@ namespace modGlobal {
 bool ReadCopyLinkOption(bool& pbNoUser) {
     try {
         const std::string appPath = UCase(AppPath());
-        const auto installDirs = RegularInstallDirs();
-        if (appPath != UCase(installDirs[0]) && appPath != UCase(installDirs[1])) return false;
+        if (appPath != UCase(OldPlatformPath("C:\\PROGRAM FILES\\LANTERN! DOVRIN V3.0")) &&
+            appPath != UCase(OldPlatformPath("C:\\MYPROGS\\LANTERN30")))
+            return false;
         bool copyLink = true;
         const std::string fileName = storage::IniFileName();
         if (!FileExists(fileName)) return false;

@@ -5,31 +5,19 @@
 
 #include <string>
 
-namespace storage {
+#include "link/main_form_link.h"
 
-// What of the main form the settings reach. The main form implements it.
-class SettingsForm {
-public:
-    virtual ~SettingsForm() = default;
-    // Visible of the option menu entry mnuOption(index), index 0 to 6.
-    virtual void SetOptionMenuVisible(int index, bool visible) = 0;
-    // Enabled of the one music object.
-    virtual bool MusicEnabled() const = 0;
-    virtual void SetMusicEnabled(bool enabled) = 0;
-    // 0 normal, 2 maximised.
-    virtual int WindowState() const = 0;
-    virtual void SetWindowState(int state) = 0;
-};
+namespace storage {
 
 // The application path followed by "/dovrin.ini".
 std::string IniFileName();
 
 // At start-up: reads the file when it exists; else beeps, says so and takes
 // the defaults, all of them.
-void LoadSettings(SettingsForm& form);
+void LoadSettings(OptionEntries& form);
 
-void Ini_Load(const std::string& fileName, SettingsForm& form);
-void Ini_Save(const SettingsForm& form);
+void Ini_Load(const std::string& fileName, OptionEntries& form);
+void Ini_Save(const OptionEntries& form);
 
 }  // namespace storage
 

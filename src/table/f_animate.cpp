@@ -1,11 +1,11 @@
 #include "table/f_animate.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 
 #include "engine/mod_global.h"
+#include "platform/display/art_dialog.h"
 #include "platform/runtime/runtime.h"
 #include "platform/display/twips.h"
 #include "platform/display/center_form.h"
@@ -70,6 +70,7 @@ FAnimate::FAnimate(QWidget* parent) : QDialog(parent) {
         cmdAnim[i]->setGeometry(TwipsRect(720 + i * 1440, 1800, 1335, 375));
         connect(cmdAnim[i], &QPushButton::clicked, this, [this, i] { cmdAnim_Click(i); });
     }
+    platform::SetCancelButton(*this, nullptr);  // there is no cancel
     Form_Load();
 }
 
@@ -88,10 +89,4 @@ void FAnimate::cmdAnim_Click(int index) {
     }
     modGlobal::glAnimSpeed = scrAnim->value() * 1000;
     close();
-}
-
-void FAnimate::keyPressEvent(QKeyEvent* event) {
-    // There is no cancel: Escape doesn't close this form.
-    if (event->key() == Qt::Key_Escape) return;
-    QDialog::keyPressEvent(event);
 }

@@ -21,9 +21,6 @@ public:
     QScrollBar* scrAnim;
     std::array<QPushButton*, 2> cmdAnim;
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void Form_Load();
     void cmdAnim_Click(int index);

@@ -1,9 +1,10 @@
 #include "table/f_game_over.h"
 
-#include <QKeyEvent>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
+#include "engine/game_state.h"
 #include "engine/mod_global.h"
 #include "platform/runtime/runtime.h"
 #include "platform/display/twips.h"
@@ -13,7 +14,7 @@
 #include "storage/user_record.h"
 #include "storage/mod_global_db.h"
 #include "table/labels.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 
 using namespace modGlobal;
 using platform::TwipsRect;
@@ -24,7 +25,6 @@ namespace {
 constexpr int kFormWidth = 4065;
 constexpr int kFormHeight = 2580;
 constexpr std::array<int, 4> kRowTops = {150, 495, 855, 1200};
-constexpr int kStartingMoney = 200;
 constexpr int kRowPointSize = 9;
 const std::array<const char*, 3> kAnswers = {"YES", "NO", "CHANGE"};
 
@@ -56,6 +56,8 @@ FGameOver::FGameOver(QWidget* parent)
         cmdYesNo[index]->setGeometry(TwipsRect(lefts[index], 1980, 1095, 375));
         connect(cmdYesNo[index], &QPushButton::clicked, this, [this, index] { cmdYesNo_Click(index); });
     }
+    // Only the buttons and the frame answer: Escape would mean "NO", the end of the program.
+    platform::SetCancelButton(*this, nullptr);
 
     tmrScore.SetInterval(500);
     connect(&tmrScore, &platform::PlatformTimer::Timer, this, &FGameOver::tmrScore_Timer);
@@ -126,10 +128,4 @@ void FGameOver::Form_Unload() {
 void FGameOver::done(int result) {
     Form_Unload();
     QDialog::done(result);
-}
-
-void FGameOver::keyPressEvent(QKeyEvent* event) {
-    // Escape doesn't close this form: only its buttons and its frame answer.
-    if (event->key() == Qt::Key_Escape) return;
-    QDialog::keyPressEvent(event);
 }

@@ -31,7 +31,6 @@ protected:
     bool event(QEvent* event) override;
     // Every way the form closes ends here: its unload.
     void done(int result) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Form_Load();

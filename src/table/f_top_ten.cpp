@@ -1,7 +1,6 @@
 #include "table/f_top_ten.h"
 
-#include "sound/mod_global_music.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -100,8 +99,7 @@ void FTopTen::done(int result) {
     tmrTopTen.SetEnabled(false);
     using modGlobal::goMainForm;
     if (goMainForm && goMainForm->HighScoreVisible()) goMainForm->HideHighScore();
-    QWidget* owner = goMainForm ? goMainForm->MusicOwner() : nullptr;
-    if (owner) modGlobal::StopTune(*owner);
+    if (goMainForm) goMainForm->StopFanfareTune();
     modGlobal::SetMenusEnabled(true);
     QDialog::done(result);
 }

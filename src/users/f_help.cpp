@@ -22,6 +22,9 @@ const QColor kPaper(0xf6, 0xec, 0xd2);
 
 struct HelpVariant {
     const char* helpFor;
+    // The design's table calls these twips the form's height; read as its
+    // width they are the pictures' own (271 and 401 pixels), the one
+    // reading under which the pictures fit.
     int width;
     const char* caption;
     bool okVisible;

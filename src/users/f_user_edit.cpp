@@ -65,6 +65,7 @@ FUserEdit::FUserEdit(QWidget* parent)
     cmdUser[2]->setGeometry(TwipsRect(3840, 2140, 1935, 375));
     for (int index = 0; index < 3; ++index)
         connect(cmdUser[index], &QPushButton::clicked, this, [this, index] { cmdUser_Click(index); });
+    platform::SetCancelButton(*this, cmdUser[2]);
 
     imgHelp = new HelpImage(this);
     imgHelp->setGeometry(TwipsRect(3300, 2115, 420, 420));

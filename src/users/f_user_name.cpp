@@ -9,7 +9,7 @@
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 #include "platform/display/twips.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 #include "platform/display/center_form.h"
 #include "sound/mod_sound_lib.h"
 #include "storage/data_procedure.h"
@@ -71,6 +71,7 @@ FUserName::FUserName(QWidget* parent)
     cmdUserName[1]->setGeometry(TwipsRect(2055, 2130, 1215, 375));
     for (int index = 0; index < 2; ++index)
         connect(cmdUserName[index], &QPushButton::clicked, this, [this, index] { cmdUserName_Click(index); });
+    platform::SetCancelButton(*this, cmdUserName[1]);
 
     imgHelp = new HelpImage(this);
     imgHelp->setGeometry(TwipsRect(3480, 2115, 420, 420));
@@ -198,13 +199,6 @@ bool FUserName::eventFilter(QObject* watched, QEvent* event) {
 
 void FUserName::txtPlayer_GotFocus(QLineEdit& box) {
     if (!box.text().isEmpty()) box.selectAll();
-}
-
-void FUserName::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        cmdUserName[1]->click();
-    else
-        QDialog::keyPressEvent(event);
 }
 
 void FUserName::cmdUserName_Click(int index) {

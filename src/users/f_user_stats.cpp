@@ -47,6 +47,7 @@ FUserStats::FUserStats(QWidget* parent)
     cmdUserStats[1]->setDefault(true);
     for (int index = 0; index < 2; ++index)
         connect(cmdUserStats[index], &QPushButton::clicked, this, [this, index] { cmdUserStats_Click(index); });
+    platform::SetCancelButton(*this, cmdUserStats[1]);
 
     for (std::size_t i = 0; i < lblUserStats.size(); ++i) {
         const LabelDesign& design = kUserStatsLabels[i];

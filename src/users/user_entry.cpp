@@ -14,7 +14,7 @@
 #include "platform/display/name_font.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 
 using platform::kCrLf;
 

@@ -3,6 +3,8 @@
 // celebration of a high score.
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -10,6 +12,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QSvgRenderer>
 #include <QTest>
 #include <QTimer>
 
@@ -99,15 +102,89 @@ TEST_F(MainFormTest, AFlightDrawsOnTheScreenOverTheLabelsUntilTheRedraw) {
     EXPECT_NE(RetainedPixel(inCard), before);
 }
 
-TEST_F(MainFormTest, AnyNameTheUserFormAcceptsFitsItsPlate) {
+namespace {
+
+// Where a name's letters lie on the table: the box of the pixels its label
+// draws, without the label's background.
+QRect NameInk(QLabel& label) {
+    QImage drawn(label.size(), QImage::Format_RGB32);
+    drawn.fill(Qt::white);
+    label.render(&drawn, QPoint(), QRegion(), QWidget::DrawChildren);
+    QRect ink;
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x)
+            if (drawn.pixel(x, y) != qRgb(255, 255, 255)) ink |= QRect(x, y, 1, 1);
+    return ink.translated(label.pos());
+}
+
+}  // namespace
+
+// A long name shrinks to fit its plate, and stays as well placed on it as a
+// short one: within the plate's outline, and its letters' middle at the height
+// of a short name's. ("Ann" and the capitals have no descenders; the widest
+// name is twelve W's in the name face, but need not be in another.)
+TEST_F(MainFormTest, AnyNameTheUserFormAcceptsFitsItsPlateAndSitsInItsMiddle) {
     for (int seat = 0; seat < 4; ++seat) {
         QLabel* plate = form->lblPlayer[seat];
-        const QString widest = platform::WidestName(plate->font());
-        form->SetPlayerName(seat, widest.toStdString());
-        EXPECT_LE(QFontMetrics(plate->font()).horizontalAdvance(widest), plate->contentsRect().width());
+        const QRect insideOutline = form->shpPlayer[seat]->geometry().adjusted(3, 3, -3, -3);
         form->SetPlayerName(seat, "Ann");
         EXPECT_EQ(plate->font().pointSizeF(), 12);  // a short name keeps the plate's size
+        const QRect shortName = NameInk(*plate);
+        ASSERT_TRUE(insideOutline.contains(shortName)) << seat;
+        for (const QString& name : {platform::WidestName(plate->font()), QStringLiteral("WWWWWWWWWWWW"),
+                                    QStringLiteral("ANNABELLE MAY")}) {
+            SCOPED_TRACE(name.toStdString());
+            form->SetPlayerName(seat, name.toStdString());
+            EXPECT_LT(plate->font().pointSizeF(), 12);
+            EXPECT_LE(QFontMetrics(plate->font()).horizontalAdvance(name), plate->contentsRect().width());
+            const QRect ink = NameInk(*plate);
+            EXPECT_TRUE(insideOutline.contains(ink)) << seat;
+            EXPECT_NEAR(ink.center().y(), shortName.center().y(), 1) << seat;
+        }
+        form->SetPlayerName(seat, "Ann");
+        EXPECT_EQ(NameInk(*plate), shortName);  // the shrinking leaves nothing behind
     }
+}
+
+// Every place a card can come to lie is felt: every card of the table at its
+// place and a full hand along the bottom cover no pixel of the frame of the
+// table's picture, its wood and the moulding round the felt. (Under a window
+// manager the hand lies half the window's border further right.)
+TEST_F(MainFormTest, EveryPlaceOfACardLiesOnTheFelt) {
+    QSvgRenderer art(QStringLiteral(":/res/bitmap/100.svg"));
+    const QString frameId = QStringLiteral("frame");
+    ASSERT_TRUE(art.elementExists(frameId));
+    QImage frame(art.defaultSize(), QImage::Format_ARGB32_Premultiplied);
+    frame.fill(Qt::transparent);
+    {
+        QPainter painter(&frame);
+        art.render(&painter, frameId, art.boundsOnElement(frameId));  // in the picture's own places
+    }
+    ASSERT_EQ(qAlpha(frame.pixel(0, frame.height() - 1)), 255);  // the frame was drawn
+
+    form->SetAutoRedraw(true);
+    form->ReloadPicture();
+    const QImage bare = form->surface().RetainedImage().copy();
+    std::vector<Card> everyCard(52);
+    std::iota(everyCard.begin(), everyCard.end(), Card{0});
+    form->DrawCardsPlayed(everyCard);
+    Game& game = form->game();
+    game.maHand3.assign(everyCard.begin(), everyCard.begin() + 13);
+    game.DrawUserHand();
+    const QImage dealt = form->surface().RetainedImage();
+
+    int covered = 0;
+    QRect onFrame;
+    for (int y = 0; y < frame.height(); ++y) {
+        for (int x = 0; x < frame.width(); ++x) {
+            if (Pixel(dealt, {x, y}) == Pixel(bare, {x, y})) continue;
+            ++covered;
+            if (qAlpha(frame.pixel(x, y)) != 0) onFrame |= QRect(x, y, 1, 1);
+        }
+    }
+    EXPECT_GT(covered, 4 * 71 * 96 + 13 * 24 * 96);  // the columns' lowest cards and the hand, at the least
+    EXPECT_TRUE(onFrame.isEmpty()) << "cards on the frame in " << onFrame.x() << "," << onFrame.y() << " "
+                                   << onFrame.width() << "x" << onFrame.height();
 }
 
 // A run-time error that no handler takes stops the program with the

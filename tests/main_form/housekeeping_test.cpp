@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 
+#include <array>
 #include <filesystem>
 
 #include "engine/mod_global.h"
@@ -36,6 +37,7 @@ protected:
         platform::SetOldDriveRoot(std::nullopt);
         platform::SetDesktopFolder(std::nullopt);
         platform::SetAppPath(std::nullopt);
+        platform::SetRegularInstallDirs(std::nullopt);
     }
     // Ticks the box or not, then presses a button, or with -1 the close box.
     void Answer(int button, bool tick) {
@@ -72,6 +74,14 @@ TEST_F(HousekeepingTest, TheQuestionCopiesTheLauncherOnYesAndTheTickEndsTheAskin
     EXPECT_FALSE(modGlobal::HasDesktopShortcut());
     WriteBytes(desktop.File("Lantern Extra.DESKTOP"), "");
     EXPECT_TRUE(modGlobal::HasDesktopShortcut());
+
+    // A desktop folder that can't be searched counts as holding one, so that
+    // no question is put. (A loop of links: unreadable even to root.)
+    const std::string loop = home.File("loop");
+    fs::create_directory_symlink(loop, loop);
+    platform::SetDesktopFolder(loop);
+    EXPECT_THROW(platform::Dir(loop + "/*"), platform::RuntimeError);
+    EXPECT_TRUE(modGlobal::HasDesktopShortcut());
 }
 
 TEST_F(HousekeepingTest, TheOlderVersionGoesWithItsOneLauncherOnlyWhenBothVersionsStandAndTheUserSaysYes) {
@@ -80,10 +90,15 @@ TEST_F(HousekeepingTest, TheOlderVersionGoesWithItsOneLauncherOnlyWhenBothVersio
     WriteBytes(older + "/dovrin.exe", "old");
     WriteBytes(desktop.File("Lantern! Dovrin.desktop"), "");
     WriteBytes(desktop.File("Lantern Two.desktop"), "");
+    // This version's home is the installed program's folder, the same that
+    // the settings reader trusts.
+    const std::string thisVersion = home.File("share/lantern-dovrin");
+    platform::SetRegularInstallDirs(std::array<std::string, 2>{thisVersion, ""});
+    fs::create_directories(home.File("Program Files/LANTERN! Dovrin v3.0"));
     modGlobal::RemoveOlderVersion();  // this version's folder isn't there
     EXPECT_TRUE(boxes.Boxes().empty());
 
-    fs::create_directories(home.File("Program Files/LANTERN! Dovrin v3.0"));
+    fs::create_directories(thisVersion);
     boxes.Answer(platform::kAnswerNo);
     modGlobal::RemoveOlderVersion();
     ASSERT_EQ(boxes.Boxes().size(), 1u);

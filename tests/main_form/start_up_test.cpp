@@ -13,7 +13,7 @@
 #include "platform/display/card_library.h"
 #include "shell/f_dovrin.h"
 #include "storage/storage_fixture.h"
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 #include "users/f_user_name.h"
 
 namespace {
@@ -55,7 +55,7 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndSavesTheSettingsWithTheFi
     auto* form = new FDovrin;
     form->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<FDovrin> alive(form);
-    ASSERT_TRUE(form->Form_Load());
+    form->Form_Load();
     ASSERT_EQ(Boxes().size(), 1u);
     EXPECT_EQ(Boxes()[0].title, "Database Path");
     EXPECT_EQ(modGlobal::gsDbPath, app_.Path());
@@ -72,7 +72,7 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndSavesTheSettingsWithTheFi
 // has locked the menus, their keys included, until the unload lifts the lock.
 TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgainUnlessTheMenusAreLocked) {
     FDovrin form;
-    ASSERT_TRUE(form.Form_Load());
+    form.Form_Load();
     AnswerUserForms(0, "Newcomer");
     modGlobal::glAnimSpeed = 0;
     form.show();
@@ -115,7 +115,7 @@ TEST_F(StartUpTest, ADatabaseLostBeforeTheFirstUserFormFallsBackToTheProgramsFil
     Deliver("Lantern.mdb", elsewhere.Path());
     SetDbPath(elsewhere.Path());
     FDovrin form;
-    ASSERT_TRUE(form.Form_Load());
+    form.Form_Load();
     EXPECT_EQ(modGlobal::gsDbPath, elsewhere.Path());
     std::filesystem::remove(elsewhere.Path() + "/Lantern.mdb");
     AnswerUserForms(1);
@@ -131,7 +131,7 @@ TEST_F(StartUpTest, ADamagedDatabaseEndsTheProgramAtTheFirstUserForm) {
     WriteBytes(app_.File("Lantern.mdb"), std::string(8192, 'x'));
     const std::string before = Settings();
     FDovrin form;
-    ASSERT_TRUE(form.Form_Load());
+    form.Form_Load();
     EXPECT_THROW(form.Form_Activate(), platform::ProgramEnded);
     ASSERT_EQ(Boxes().size(), 1u);
     EXPECT_NE(Boxes()[0].text.find(": "), std::string::npos);  // number and description

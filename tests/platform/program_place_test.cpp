@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/runtime/file_system.h"
 #include "platform/runtime/program_place.h"
 #include "platform/runtime/runtime.h"
 #include "runtime_temp_dir.h"
@@ -38,6 +39,9 @@ TEST_F(ProgramPlaceTest, ABuildKeepsItsFilesBesideTheExecutable) {
     EXPECT_EQ(platform::AppPath(), prefix.Path());
     EXPECT_FALSE(platform::ProgramInstalled());
     EXPECT_FALSE(fs::exists(userFolder));
+    // No regular install directory: the old paths of the two name nothing.
+    EXPECT_EQ(platform::OldPlatformPath("C:\\Program Files\\LANTERN! Dovrin v3.0"), "");
+    EXPECT_EQ(platform::OldPlatformPath("C:\\MYPROGS\\LANTERN30\\dovrin.ini"), "");
 }
 
 // The user's own settings stay; what the user lacks arrives, a new version's
@@ -50,6 +54,15 @@ TEST_F(ProgramPlaceTest, AnInstalledProgramFillsTheUsersFolderWithWhatItLacksOnl
     EXPECT_EQ(platform::AppPath(), userFolder);
     EXPECT_TRUE(platform::ProgramInstalled());
     EXPECT_EQ(platform::RegularInstallDirs()[0], userFolder);
+    // The old path of this version leads there, whatever its letter case;
+    // the older version's, and a folder that only begins alike, by the drive.
+    platform::SetOldDriveRoot(prefix.Path());
+    EXPECT_EQ(platform::OldPlatformPath("C:\\PROGRAM FILES\\LANTERN! DOVRIN V3.0\\dovrin.ini"),
+              userFolder + "/dovrin.ini");
+    EXPECT_EQ(platform::OldPlatformPath("C:\\Program Files\\Lantern! Dovrin"), prefix.File("Program Files/Lantern! Dovrin"));
+    EXPECT_EQ(platform::OldPlatformPath("C:\\Program Files\\LANTERN! Dovrin v3.01"),
+              prefix.File("Program Files/LANTERN! Dovrin v3.01"));
+    platform::SetOldDriveRoot(std::nullopt);
     EXPECT_EQ(ReadBytes(userFolder + "/dovrin.ini"), "my settings");
     EXPECT_EQ(ReadBytes(userFolder + "/Circus.mid"), "new tune");
 }

@@ -1,17 +1,26 @@
 // The want-more scene: its movers on small hand-worked surfaces, its clock, the
-// small figure's acts and the script of the UFO, the captives and the aeroplane.
+// small figure's acts, the script of the UFO, the captives and the aeroplane,
+// the stage after whole rounds of it, and its close.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include <QPushButton>
+#include <QTest>
+
 #include "engine/mod_global.h"
+#include "platform/audio/multimedia.h"
+#include "platform/runtime/runtime.h"
+#include "runtime_temp_dir.h"
 #include "screens/f_want_more.h"
 #include "screens/mod_animation.h"
 #include "sound/mod_global_music.h"
+#include "support/test_sounds.h"
 
 using platform::PictureBox;
 
@@ -63,9 +72,12 @@ TEST(Movers, StepTheFigureAndGiveBackTheGroundItLeaves) {
     // Erasing draws no figure but still gives the ground back.
     EXPECT_EQ(Mover().Step(MoveSpriteRightDown, {1, 1, 0, false, false, true}),
               "0123456 2345678 456789a 6789abc / 789f 9abf ffff");
-    // After a turn only H - dy rows of the saved ground go back, from its row dy.
-    EXPECT_EQ(Mover().Step(MoveSpriteRightDown, {1, 1, 0, false, true}),
-              "0123456 2567678 4eeeeea 678eeec / e89f 9abf ffff");
+    // A turn gives the whole saved ground back where the old figure stood:
+    // down to 3, 2, then up, erasing, leaves the bare ground.
+    Mover turn;
+    turn.Step(MoveSpriteRightDown, {1, 1});
+    EXPECT_EQ(turn.Step(MoveSpriteRightUp, {3, 2, 0, false, true, true}).substr(0, 31),
+              "0123456 2345678 456789a 6789abc");
     // A strip is read at FrameWidth × FrameIndex, but only with a frame count.
     EXPECT_EQ(Mover().Step(MoveSpriteRightDown, {1, 1, 0, false, false, false, 3, 2, 3}, true),
               "0123456 2345678 4567dda 678dddc / 789f 9abf ffff");
@@ -106,9 +118,14 @@ TEST(Movers, ACaptiveRisesOnTheRayAndIsCutUnderTheUfo) {
 }
 
 struct WantMoreTest : ::testing::Test {
-    void SetUp() override {  // no sound, no tune
+    void SetUp() override {  // no sound, and no tune unless a test makes one
         modGlobal::gbSoundOn = false;
         ASSERT_EQ(modGlobal::goMidi, nullptr);
+    }
+    void TearDown() override {
+        platform::mciSendStringA("Close MIDIfile", nullptr, 0, nullptr);
+        modGlobal::goMidi.reset();
+        platform::SetAppPath(std::nullopt);
     }
 };
 
@@ -234,17 +251,99 @@ TEST_F(WantMoreTest, TheUfoScriptPlaysItsPhasesInOrderAndHandsBack) {
     for (const SpriteRecord& captive : s.captives) EXPECT_EQ(captive.Y, 251);
 }
 
+// The desktop's clock drives the form: each of its ticks fires every timer
+// whose period has come round, as the running program's timers would.
+struct Clock {
+    FWantMore& form;
+    std::int64_t tick = 0;
+
+    void Tick() {
+        ++tick;
+        for (platform::PlatformTimer* timer : {form.tmrAnim, form.smTimer, form.tmrUFO, form.tmrMidi})
+            if (tick % (platform::PlatformTimer::TickedPeriod(timer->Interval()) / platform::kPlatformTick) == 0)
+                timer->Fire();
+    }
+    // Until the script has handed back to the small figure and the large
+    // one has gone again: no figure stands on the stage then.
+    void RunARound() {
+        const std::int64_t limit = tick + 60 * 64;
+        while (!form.tmrUFO->Enabled() && tick < limit) Tick();
+        while (form.tmrUFO->Enabled() && tick < limit) Tick();
+        while (form.scene.largeSaved && tick < limit) Tick();
+        ASSERT_LT(tick, limit) << "no round within a minute";
+    }
+};
+
+// Pixels where two pictures differ, and where they lie.
+std::string Differences(const QImage& a, const QImage& b) {
+    int count = 0;
+    QRect where;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel(x, y) != b.pixel(x, y)) {
+                ++count;
+                where |= QRect(x, y, 1, 1);
+            }
+    if (count == 0) return {};
+    std::ostringstream text;
+    text << count << " pixels within " << where.x() << ", " << where.y() << ", " << where.width() << " x "
+         << where.height();
+    return text.str();
+}
+
+// Every figure gives back the ground it covered: the small figure at its
+// turns, the UFO coming in at the stage's left edge and leaving from where
+// it hovered, the ray, the captives and the aeroplane. The part of the stage
+// that shows is compared: the captives start from below it.
+TEST_F(WantMoreTest, AfterEachRoundOfTheScriptTheStageIsItsStartPictureAgain) {
+    FWantMore form;
+    const QRect shown(QPoint(0, 0), form.picForm->size());
+    const QImage start = form.picForm->hDC()->copy(shown);
+    Clock clock{form};
+    for (int round = 1; round <= 3; ++round) {
+        clock.RunARound();
+        EXPECT_EQ(Differences(form.picForm->hDC()->copy(shown), start), "") << "after round " << round;
+    }
+}
+
 TEST_F(WantMoreTest, ClosingWithTheRayOutStopsEverythingAndTheNextOpeningStartsAfresh) {
     FWantMore form;
     RunScript(form, 2000, [&](int) { return form.scene.rayRows == 0; });
     ASSERT_GT(form.scene.rayRows, 0);
-    form.close();
+    form.show();
+    form.cmdWantMore->click();
     for (platform::PlatformTimer* timer : {form.tmrUFO, form.smTimer, form.tmrAnim, form.tmrMidi})
         EXPECT_FALSE(timer->Enabled());
     FWantMore again;
     EXPECT_EQ(std::tuple(again.scene.state, again.scene.Ticks, again.scene.act, again.scene.rayRows),
               std::tuple(1, 0, 0, 0));
     EXPECT_TRUE(!again.tmrUFO->Enabled() && again.smTimer->Enabled() && again.tmrAnim->Enabled());
+}
+
+// However the form is closed, the scene and its tune stop.
+TEST_F(WantMoreTest, EveryWayOfClosingStopsTheSceneAndItsTune) {
+    TempDir dir;
+    const std::vector<std::uint8_t> tune = test_sounds::OneNoteMidi(500000, 60 * 480);  // half a minute
+    WriteBytes(dir.File("sweetone.mid"), std::string(tune.begin(), tune.end()));
+    platform::SetAppPath(dir.Path());
+    modGlobal::goMidi = std::make_unique<CMidiFile>();
+    modGlobal::goMidi->SetEnabled(true);
+    const std::vector<std::pair<const char*, std::function<void(FWantMore&)>>> ways = {
+        {"Escape", [](FWantMore& form) { QTest::keyClick(form.cmdWantMore, Qt::Key_Escape); }},
+        {"Close", [](FWantMore& form) { form.cmdWantMore->click(); }},
+        {"the frame's close box", [](FWantMore& form) { form.close(); }},
+    };
+    for (const auto& [way, closeBy] : ways) {
+        FWantMore form;
+        form.show();
+        ASSERT_TRUE(modGlobal::goMidi->Active() && form.tmrMidi->Enabled()) << way;
+        closeBy(form);
+        EXPECT_FALSE(form.isVisible()) << way;
+        for (platform::PlatformTimer* timer : {form.tmrUFO, form.smTimer, form.tmrAnim, form.tmrMidi})
+            EXPECT_FALSE(timer->Enabled()) << way;
+        EXPECT_FALSE(modGlobal::goMidi->Active()) << way;
+        EXPECT_TRUE(modGlobal::goMidi->Enabled()) << way;  // stopped, not failed
+    }
 }
 
 }  // namespace

@@ -178,9 +178,13 @@ TEST_F(AudioDeviceTest, ATuneIsHeardAndStaysAtItsLengthAndWhatCantBePlayedIsAnEr
 TEST_F(AudioDeviceTest, ATuneBeyondSixteenBitsRestartsOncePastThem) {
     platform::SetAppPath(dir.Path());
     WriteFile("long.mid", test_sounds::OneNoteMidi(1000000, 40 * 480));
-    QWidget form;
-    auto* tmrMidi = new platform::PlatformTimer(&form);
-    tmrMidi->setObjectName(QStringLiteral("tmrMidi"));
+    struct : TuneForm {
+        QWidget window;
+        platform::PlatformTimer* tmrMidi = new platform::PlatformTimer(&window);
+        QWidget& Window() override { return window; }
+        platform::PlatformTimer& MidiTimer() override { return *tmrMidi; }
+    } form;
+    platform::PlatformTimer* tmrMidi = form.tmrMidi;
     tmrMidi->SetEnabled(false);
     tmrMidi->SetInterval(500);
     QObject::connect(tmrMidi, &platform::PlatformTimer::Timer, [&] { modGlobal::WatchTune(form, "long.mid"); });

@@ -1,6 +1,7 @@
 #include "game_schema.h"
 #include "storage/database_check.h"
 #include "storage_fixture.h"
+#include "support/recording_main_form.h"
 
 using namespace modGlobal;
 using platform::kExclamation;
@@ -40,10 +41,9 @@ TEST_F(DatabaseFileTest, GetNextUserIDConsumesEachIdAndAFailedOpenIsRecoveredFro
     gsDbPath = other_.Path();
     EXPECT_EQ(GetNextUserID(), 0);
     EXPECT_TRUE(gbDbFailed && gbDbSwitched);
-    std::vector<bool> changeUserCalls;
-    SetChangeUserHook([&](bool first) { changeUserCalls.push_back(first); });
+    RecordingMainForm mainForm;
     RecoverDatabase();
-    EXPECT_EQ(changeUserCalls, std::vector<bool>{true});
+    EXPECT_EQ(mainForm.changeUserCalls, std::vector<bool>{true});
     EXPECT_FALSE(gbDbFailed || gbDbSwitched);
     EXPECT_EQ(gsDbPath, app_.Path());
     EXPECT_TRUE(responder_.Events().empty());
@@ -59,7 +59,7 @@ TEST_F(DatabaseFileTest, GetNextUserIDConsumesEachIdAndAFailedOpenIsRecoveredFro
                        }));
     EXPECT_TRUE(gbDbFailed && !gbDbSwitched);
     EXPECT_THROW(RecoverDatabase(), ProgramEnded);
-    EXPECT_EQ(changeUserCalls.size(), 1u);
+    EXPECT_EQ(mainForm.changeUserCalls.size(), 1u);
     EXPECT_TRUE(responder_.Ended());
 }
 

@@ -2,30 +2,14 @@
 
 #include <unistd.h>
 
-#include <array>
-#include <optional>
-#include <utility>
 
 #include "storage_fixture.h"
+#include "support/recording_main_form.h"
 
 using namespace modGlobal;
 using platform::kExclamation;
 
 namespace {
-
-// The main form as the settings see it; menu entries not yet touched are nullopt.
-class FakeSettingsForm : public storage::SettingsForm {
-public:
-    void SetOptionMenuVisible(int index, bool visible) override { menus.at(index) = visible; }
-    bool MusicEnabled() const override { return music; }
-    void SetMusicEnabled(bool enabled) override { music = enabled; }
-    int WindowState() const override { return windowState; }
-    void SetWindowState(int state) override { windowState = state; }
-
-    std::array<std::optional<bool>, 7> menus;
-    bool music = true;
-    int windowState = -1;
-};
 
 class SettingsFileTest : public StorageTest {
 protected:
@@ -43,7 +27,13 @@ protected:
                ", menus " + menus;
     }
 
-    FakeSettingsForm form_;
+    void ResetForm() {
+        form_.menus = {};
+        form_.music = true;
+        form_.windowState = -1;
+    }
+
+    RecordingMainForm form_;
 };
 
 TEST_F(SettingsFileTest, AMissingFileGivesOneWarningAndAllTheDefaults) {
@@ -86,7 +76,7 @@ TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAKeyNotInTheFileKeepsItsValueAnd
     for (const auto& [ini, loaded] : cases) {
         SCOPED_TRACE(ini);
         ResetGlobals();
-        form_ = FakeSettingsForm();
+        ResetForm();
         WriteIni(ini);
         storage::LoadSettings(form_);
         EXPECT_EQ(Loaded(), loaded);
@@ -109,7 +99,7 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
               "copylnk=FALSE\r\nanimals=TRUE\r\nmusicon=FALSE\r\n");
 
     ResetGlobals();
-    form_ = FakeSettingsForm();
+    ResetForm();
     glAnimSpeed = -1500;
     gbCopyLink = true;
     storage::Ini_Save(form_);

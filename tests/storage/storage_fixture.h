@@ -28,7 +28,6 @@ protected:
     void TearDown() override {
         platform::SetAppPath(std::nullopt);
         platform::SetRegularInstallDirs(std::nullopt);
-        modGlobal::SetChangeUserHook(nullptr);
         modGlobal::ResetGlobals();
     }
 

@@ -1,12 +1,14 @@
-// The main form as the dialogs see it, registered in goMainForm while it
-// lives: it gives them the money captions set here and records what they
-// tell it.
+// The main form as the layers below it see it, registered in goMainForm
+// while it lives: it gives them the money captions set here and records
+// what they tell it.
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 
 class RecordingMainForm : public MainFormLink {
 public:
@@ -14,6 +16,16 @@ public:
     ~RecordingMainForm() override { modGlobal::goMainForm = nullptr; }
     RecordingMainForm(const RecordingMainForm&) = delete;
     RecordingMainForm& operator=(const RecordingMainForm&) = delete;
+
+    void ShowOptionPair(OptionPair pair, bool on) override {
+        const auto first = static_cast<std::size_t>(pair);
+        menus.at(first) = !on;
+        menus.at(first + 1) = on;
+    }
+    bool MusicEnabled() const override { return music; }
+    void SetMusicEnabled(bool enabled) override { music = enabled; }
+    int WindowState() const override { return windowState; }
+    void SetWindowState(int state) override { windowState = state; }
 
     std::string UserTag() const override { return tag; }
     void SetUserTag(const std::string& value) override { tag = value; }
@@ -23,10 +35,16 @@ public:
     void SetTopMenusEnabled(bool) override {}
     bool HighScoreVisible() const override { return false; }
     void HideHighScore() override {}
-    QWidget* MusicOwner() override { return nullptr; }
+    void StopFanfareTune() override {}
+    void ChangeUser(bool pbFirst) override { changeUserCalls.push_back(pbFirst); }
 
+    // The option menu's entries: shown, hidden, or nullopt while untouched.
+    std::array<std::optional<bool>, 7> menus;
+    bool music = true;
+    int windowState = -1;
     std::string tag;
     std::array<std::string, 4> money;
     std::array<std::string, 4> playerNames;
     std::string winningsCaption;
+    std::vector<bool> changeUserCalls;
 };

@@ -41,7 +41,6 @@ TEST(FAnimate, ASpeedOffTheBarIsRefusedTheBarMovesTheWayTheUserPointsResetMovesO
     QTest::mouseRelease(bar, Qt::LeftButton, {}, {0, y});
     EXPECT_EQ(bar->value(), 80);
 
-    QTest::keyClick(form, Qt::Key_Escape);
     bar->setValue(10);
     form->cmdAnim[0]->click();
     EXPECT_TRUE(form->isVisible());

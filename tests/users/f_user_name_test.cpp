@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -64,7 +65,7 @@ TEST_F(FUserNameTest, TheFirstFailingRuleIsToldTillANameTypedOverTheNewUserEntry
     mainForm_.tag.clear();
     FUserName leaving;
     ShowActive(leaving);
-    QTest::keyClick(&leaving, Qt::Key_Escape);
+    leaving.cmdUserName[1]->click();
     EXPECT_EQ(mainForm_.tag, "X");
     EXPECT_EQ(sounds_.keys, Strings{"EXITPROG"});
     EXPECT_EQ(CurrentUser(), user);
@@ -157,4 +158,39 @@ TEST_F(FUserNameTest, AFailedOpenFallsBackToTheDefaultDatabaseOrEndsTheProgramAn
                                          unrecognized, unrecognized}));
 }
 
+// A name chosen from the open list leaves the keys with the form: Enter
+// reaches OK and Escape Cancel, coming through the form's window as the
+// keyboard's keys do.
+TEST_F(FUserNameTest, AfterAChoiceFromTheListEnterAndEscapeReachTheFormsButtons) {
+    AddUsers("(1, 'Ann', 'A1', 'A2', 'A3', 'Easy', 0, 0), (2, 'Bob', 'B1', 'B2', 'B3', 'Easy', 4, 9)");
+    glLastUserId = 1;
+    const auto pick = [](FUserName& form, int entry) {
+        form.cboUser->showPopup();
+        QAbstractItemView* list = form.cboUser->view();
+        const QPoint place = list->visualRect(list->model()->index(entry, 0)).center();
+        QTest::mouseMove(list->viewport(), place);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+        EXPECT_FALSE(list->isVisible());
+    };
+    FUserName choosing;
+    ShowActive(choosing);
+    pick(choosing, 2);
+    EXPECT_EQ(Texts(choosing), (QStringList{"Bob", "B1", "B2", "B3"}));
+    QTest::keyClick(choosing.windowHandle(), Qt::Key_Return);
+    EXPECT_FALSE(choosing.isVisible());
+    EXPECT_EQ(mainForm_.tag, "O");
+    EXPECT_EQ(CurrentUser(), "2|Bob|B1|B2|B3|Easy|4|9");
+
+    mainForm_.tag.clear();
+    FUserName leaving;
+    ShowActive(leaving);
+    pick(leaving, 1);
+    QTest::keyClick(leaving.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(leaving.isVisible());
+    EXPECT_EQ(mainForm_.tag, "X");
+    EXPECT_EQ(sounds_.keys, Strings{"EXITPROG"});
+    EXPECT_EQ(glUserId, 2);
+}
+
 }  // namespace
+

@@ -7,7 +7,14 @@
 #include <QDialog>
 #include <QPixmap>
 
+class QAbstractButton;
+
 namespace platform {
+
+// Escape, once the form's controls have let it pass, presses the form's
+// cancel button; a form given none (nullptr) stays open on it, where a
+// dialog would otherwise reject itself without a word from its buttons.
+void SetCancelButton(QDialog& form, QAbstractButton* cancel);
 
 class ArtDialog : public QDialog {
 public:

@@ -11,7 +11,7 @@ struct SpriteRecord {
     std::int32_t Y = 0;  // top edge on the stage, pixels
     std::int16_t Kind = 0;
     bool Active = false;  // the figure is on its way
-    bool Fresh = false;   // just started or turned: the saved background doesn't fit
+    bool Fresh = false;   // just started, with no saved background that fits, or turned
     bool Erase = false;   // this step wipes the figure instead of drawing it
     std::int16_t FrameCount = 0;
     std::int32_t FrameIndex = 0;

@@ -85,9 +85,13 @@ std::string OldPlatformPath(std::string_view path) {
         std::string_view old;
         std::string here;
     };
+    const auto installDirs = RegularInstallDirs();
     const Folder folders[] = {
         {"C:\\WINDOWS\\DESKTOP", DesktopFolder().empty() ? HomeFolder() + "/Desktop" : DesktopFolder()},
         {"C:\\WINDOWS\\Start Menu\\Programs", HomeFolder() + "/.local/share/applications"},
+        // The home of this version, and the development path.
+        {"C:\\PROGRAM FILES\\LANTERN! DOVRIN V3.0", installDirs[0]},
+        {"C:\\MYPROGS\\LANTERN30", installDirs[1]},
     };
     std::string rest(path);
     if (rest.size() >= 4 && SameIgnoringCase(std::string_view(rest).substr(rest.size() - 4), ".lnk"))
@@ -95,6 +99,9 @@ std::string OldPlatformPath(std::string_view path) {
     for (const Folder& folder : folders) {
         if (!StartsWithIgnoringCase(rest, folder.old)) continue;
         std::string tail = rest.substr(folder.old.size());
+        if (!tail.empty() && tail.front() != '\\') continue;  // another folder that begins alike
+        // A folder that has no place here names nothing.
+        if (folder.here.empty()) return {};
         for (char& c : tail)
             if (c == '\\') c = '/';
         return folder.here + tail;
@@ -151,7 +158,10 @@ std::vector<std::string> Dir(const std::string& pattern) {
     const std::string wanted = slash == std::string::npos ? pattern : pattern.substr(slash + 1);
     std::vector<std::string> names;
     std::unique_ptr<DIR, int (*)(DIR*)> dir(::opendir(folder.empty() ? "/" : folder.c_str()), ::closedir);
-    if (!dir) return names;
+    if (!dir) {
+        if (errno == ENOENT || errno == ENOTDIR) return names;
+        Raise(kErrPathFileAccess);  // a folder that is there but can't be read
+    }
     while (const dirent* entry = ::readdir(dir.get())) {
         struct stat status {};
         const std::string name = entry->d_name;

@@ -12,10 +12,12 @@ namespace platform {
 
 // A path of the old platform as a path here: "C:\EMAIL\OUT" is
 // ~/EMAIL/OUT. A drive names the home folder, backslashes become slashes and
-// the letter case stays as written. Two folders of the old system have
+// the letter case stays as written. Four folders of the old system have
 // their places here: its desktop folder is the user's desktop folder, its
-// start menu's programs the folder of the desktop's launchers; a shortcut
-// (.lnk) is a desktop entry (.desktop).
+// start menu's programs the folder of the desktop's launchers, and the two
+// regular install directories are RegularInstallDirs() (empty, and so
+// naming nothing, where there is none); a shortcut (.lnk) is a desktop
+// entry (.desktop).
 std::string OldPlatformPath(std::string_view path);
 
 // Tests put the home folder of the old drive elsewhere; nullopt restores
@@ -37,7 +39,8 @@ bool DirExists(const std::string& path);
 
 // Dir: the names of the regular files in a folder that match the pattern of
 // the path's last part (* any run of characters, ? one), whatever their
-// letter case, in the folder's order. Nothing for a folder that isn't there.
+// letter case, in the folder's order. Nothing for a folder that isn't there;
+// 75 for one that is there but can't be read.
 std::vector<std::string> Dir(const std::string& pattern);
 
 // MkDir: error 75 when the directory is there already or can't be made,

@@ -89,8 +89,9 @@ std::string AppPath();
 // Tests place the program elsewhere; nullopt restores the real directory.
 void SetAppPath(std::optional<std::string> path);
 
-// The two directories a regular installation uses. The settings reader only
-// trusts a copy-link option found in one of them.
+// The two directories a regular installation uses, where the old paths of
+// the two lead (OldPlatformPath). The settings reader only trusts a
+// copy-link option found in one of them.
 std::array<std::string, 2> RegularInstallDirs();
 void SetRegularInstallDirs(std::optional<std::array<std::string, 2>> dirs);
 

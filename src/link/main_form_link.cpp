@@ -1,4 +1,4 @@
-#include "table/main_form_link.h"
+#include "link/main_form_link.h"
 
 namespace modGlobal {
 
