@@ -21,4 +21,4 @@ fresh_program build-deal/program build-deal/delivered "$WORK"
 sed -i 's/^soundon=.*/soundon=FALSE/' "$WORK/dovrin.ini"  # effects would slow the computers' turns
 DOVRIN_DEAL=$DEAL "$WORK/dovrin" >"$WORK/out.log" 2>&1 &
 APP=$!
-python3 scripts/autoplay.py --user Winner --shots "$OUT" --pause 1.2 --again --timeout 1500
+python3 scripts/autoplay.py --user Winner --shots "$OUT" --again --timeout 1500

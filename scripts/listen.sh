@@ -13,7 +13,7 @@ sed -i 's/^animals=.*\r$/animals=TRUE\r/' "$WORK/dovrin.ini"
 export SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$WORK/played.raw"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
-python3 scripts/autoplay.py --user Listener --tour --hands 1 --pause 2.5 --timeout 300 --shots "$OUT"
+python3 scripts/autoplay.py --user Listener --tour --hands 1 --timeout 300 --shots "$OUT"
 kill "$APP"
 sox -t raw -r 44100 -e floating-point -b 32 -c 2 "$WORK/played.raw" "$OUT/played.wav"
 sox "$OUT/played.wav" -n remix 1 spectrogram -x 1600 -y 400 -o "$OUT/played.png"

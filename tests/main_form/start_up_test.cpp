@@ -56,9 +56,6 @@ TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndSavesTheSettingsWithTheFi
     form->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<FDovrin> alive(form);
     form->Form_Load();
-    ASSERT_EQ(Boxes().size(), 1u);
-    EXPECT_EQ(Boxes()[0].title, "Database Path");
-    EXPECT_EQ(modGlobal::gsDbPath, app_.Path());
     AnswerUserForms(1);
     form->show();  // the first activation follows
     EXPECT_TRUE(QTest::qWaitFor([&] { return alive.isNull(); }, 5000));  // the main form is gone
@@ -125,17 +122,6 @@ TEST_F(StartUpTest, ADatabaseLostBeforeTheFirstUserFormFallsBackToTheProgramsFil
     EXPECT_FALSE(modGlobal::gbDbFailed);
     EXPECT_TRUE(Boxes().empty());  // the switch is silent
     EXPECT_NE(Settings().find("db_path=" + app_.Path() + "\r\n"), std::string::npos);
-}
-
-TEST_F(StartUpTest, ADamagedDatabaseEndsTheProgramAtTheFirstUserForm) {
-    WriteBytes(app_.File("Lantern.mdb"), std::string(8192, 'x'));
-    const std::string before = Settings();
-    FDovrin form;
-    form.Form_Load();
-    EXPECT_THROW(form.Form_Activate(), platform::ProgramEnded);
-    ASSERT_EQ(Boxes().size(), 1u);
-    EXPECT_NE(Boxes()[0].text.find(": "), std::string::npos);  // number and description
-    EXPECT_EQ(Settings(), before);  // an end at once saves nothing
 }
 
 TEST_F(StartUpTest, AMissingCardDeckEndsTheLoadWithAnEmptyMessage) {

@@ -1,23 +1,31 @@
 #!/usr/bin/env bash
-# A whole game in the real window under Xvfb, from a program directory that
-# holds only the delivered files: a new user, every hand to the end of the
-# game, "No" at its end. Then the settings file must have been written again
-# and the user's row must hold one game.
+# A whole game in the real window under Xvfb and openbox, from a program
+# directory that holds only the delivered files: a new user, every hand to the
+# end of the game, "No" at its end. Then the settings file must have been
+# written again and the user's row must hold one game.
 # Usage: whole_game_test.sh PROGRAM_DIR DELIVERED_DIR
 set -euo pipefail
 PROGRAM_DIR=$1
 DELIVERED_DIR=$2
 HERE=$(cd "$(dirname "$0")" && pwd)
-source "$(dirname "$0")"/../../scripts/xvfb_session.sh
+source "$HERE"/../../scripts/xvfb_session.sh
+# A window manager, as on a desktop: it frames and places the windows and
+# gives each new form the keyboard.
+openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
+WM=$!
+trap 'kill "$WM" 2>/dev/null; end_session' EXIT
+timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done' 2>/dev/null ||
+    { echo "the window manager did not start:"; cat "$WORK/openbox.log"; exit 1; }
 fresh_program "$PROGRAM_DIR" "$DELIVERED_DIR" "$WORK"
 # The fastest card flights and no sound, whose effects hold the table while
-# they play, so the game takes well under two minutes.
+# they play.
 sed -i -e 's/^animspd=.*\r$/animspd=0\r/' -e 's/^soundon=.*\r$/soundon=FALSE\r/' "$WORK/dovrin.ini"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
 APP=$!
 python3 "$HERE/../../scripts/autoplay.py" --user "Whole Game" --timeout 240
-for _ in $(seq 150); do kill -0 "$APP" 2>/dev/null || break; sleep 0.1; done
-if kill -0 "$APP" 2>/dev/null; then
+# autoplay has seen the window go; the program ends as soon as it has
+# cleaned up.
+if ! timeout 60 tail --pid="$APP" -s 0.05 -f /dev/null; then
     echo "the program did not end after No"; xdotool search --onlyvisible --name . getwindowname %@ || true; exit 1
 fi
 grep -q $'^user_id=1\r$' "$WORK/dovrin.ini" || { echo "settings not written:"; cat "$WORK/dovrin.ini"; exit 1; }

@@ -1,6 +1,3 @@
-#include <cstring>
-#include <string>
-
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
@@ -12,6 +9,7 @@
 #include "platform/display/card_library.h"
 #include "platform/display/form_surface.h"
 #include "platform/display/picture_box.h"
+#include "pictures.h"
 
 namespace {
 
@@ -103,35 +101,20 @@ TEST(CardLibrary, DrawsEachFaceOfTheStandardDeckAtItsPositionAndNothingOnceTheDe
     platform::SetCardDeckFile(QString());
 }
 
-// Pixels as hex digits, one row per string: 0 black, f white, other digits
-// grey levels, so that AND and OR can be read off.
-QImage Pixels(std::initializer_list<const char*> rows) {
-    QImage image(static_cast<int>(std::strlen(*rows.begin())), static_cast<int>(rows.size()), QImage::Format_RGB32);
-    int y = 0;
-    for (const char* row : rows) {
-        for (int x = 0; row[x]; ++x) {
-            const int level = std::stoi(std::string(1, row[x]), nullptr, 16) * 17;
-            image.setPixel(x, y, qRgb(level, level, level));
-        }
-        ++y;
-    }
-    return image;
-}
-
 TEST(PictureBox, BlitsCombineByTheirRasterOperationAndClipToBothImages) {
-    const QImage figure = Pixels({"37", "c1"});
-    QImage stage = Pixels({"8888", "8888", "8888"});
+    const QImage figure = GreyImage("37 c1");
+    QImage stage = GreyImage("8888 8888 8888");
     platform::BitBlt(&stage, 1, 1, 2, 2, &figure, 0, 0, platform::SRCAND);
-    EXPECT_EQ(stage, Pixels({"8888", "8008", "8808"}));
+    EXPECT_EQ(GreyText(stage), "8888 8008 8808");
     platform::BitBlt(&stage, 1, 1, 2, 2, &figure, 0, 0, platform::SRCPAINT);
-    EXPECT_EQ(stage, Pixels({"8888", "8378", "8c18"}));
+    EXPECT_EQ(GreyText(stage), "8888 8378 8c18");
     // Sticking out over the top left and the right of the stage.
     platform::BitBlt(&stage, -1, -1, 2, 2, &figure, 0, 0, platform::SRCCOPY);
     platform::BitBlt(&stage, 3, 2, 4, 4, &figure, 0, 0, platform::SRCCOPY);
-    EXPECT_EQ(stage, Pixels({"1888", "8378", "8c13"}));
+    EXPECT_EQ(GreyText(stage), "1888 8378 8c13");
     // Onto itself, overlapping: the block is read before it is written.
     platform::BitBlt(&stage, 1, 1, 3, 2, &stage, 0, 0, platform::SRCCOPY);
-    EXPECT_EQ(stage, Pixels({"1888", "8188", "8837"}));
+    EXPECT_EQ(GreyText(stage), "1888 8188 8837");
 }
 
 }  // namespace

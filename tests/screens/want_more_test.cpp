@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <iterator>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,32 +18,19 @@
 #include "screens/f_want_more.h"
 #include "screens/mod_animation.h"
 #include "sound/mod_global_music.h"
+#include "support/pictures.h"
 #include "support/test_sounds.h"
 
 using platform::PictureBox;
 
 namespace {
 
-// A picture as text: one hex digit per pixel, a grey level (0 black, f
-// white), rows separated by blanks, so that AND and OR can be read off.
+// A box holding a picture written as text.
 std::unique_ptr<PictureBox> Box(const std::string& text) {
-    std::istringstream in(text);
-    const std::vector<std::string> rows{std::istream_iterator<std::string>(in), {}};
-    const QSize size(static_cast<int>(rows[0].size()), static_cast<int>(rows.size()));
-    auto box = std::make_unique<PictureBox>(nullptr, size);
-    for (int y = 0; y < box->Height(); ++y)
-        for (int x = 0; x < box->Width(); ++x) {
-            const int level = std::stoi(rows[y].substr(x, 1), nullptr, 16) * 17;
-            box->hDC()->setPixel(x, y, qRgb(level, level, level));
-        }
+    const QImage picture = GreyImage(text);
+    auto box = std::make_unique<PictureBox>(nullptr, picture.size());
+    *box->hDC() = picture;
     return box;
-}
-
-std::string Text(const QImage& image) {
-    std::string text;
-    for (int y = 0; y < image.height(); ++y, text += ' ')
-        for (int x = 0; x < image.width(); ++x) text += "0123456789abcdef"[qGray(image.pixel(x, y)) / 17];
-    return text.substr(0, text.size() - 1);
 }
 
 // A 3 × 2 figure of e, its top left corner clear (a strip of three: a, b, d),
@@ -59,7 +44,7 @@ struct Mover {
     template <typename Move>
     std::string Step(Move move, const SpriteRecord& record, bool fromStrip = false) {
         move(fromStrip ? *strip : *figure, *mask, *work, *background, *stage, record, 2, 1);
-        return Text(*stage->hDC()) + " / " + Text(*background->hDC());
+        return GreyText(*stage->hDC()) + " / " + GreyText(*background->hDC());
     }
 };
 
@@ -91,15 +76,15 @@ TEST(Movers, TheRayShowsFromTheTopAndGoesFromTheBottom) {
     bool first = true;
     modAnimation::GrowRay(*ray, *mask, *work, *background, *stage, 1, 1, first, 1);
     EXPECT_FALSE(first);
-    EXPECT_EQ(Text(*stage->hDC()), "01234 2e456 45678 6789a 89abc");
+    EXPECT_EQ(GreyText(*stage->hDC()), "01234 2e456 45678 6789a 89abc");
     modAnimation::GrowRay(*ray, *mask, *work, *background, *stage, 1, 1, first, 3);
-    EXPECT_EQ(Text(*stage->hDC()), "01234 2e456 4ee78 67e9a 89abc");
-    EXPECT_EQ(Text(*background->hDC()), "34 56 78");  // composed once, on the ground
+    EXPECT_EQ(GreyText(*stage->hDC()), "01234 2e456 4ee78 67e9a 89abc");
+    EXPECT_EQ(GreyText(*background->hDC()), "34 56 78");  // composed once, on the ground
     first = true;
     modAnimation::ShrinkRay(*work, *background, *stage, 1, 1, first, 2, 1);
-    EXPECT_EQ(Text(*stage->hDC()), "01234 2e456 4ee78 6789a 89abc");
+    EXPECT_EQ(GreyText(*stage->hDC()), "01234 2e456 4ee78 6789a 89abc");
     modAnimation::ShrinkRay(*work, *background, *stage, 1, 1, first, 0, 3);
-    EXPECT_EQ(Text(*stage->hDC()), "01234 23456 45678 6789a 89abc");
+    EXPECT_EQ(GreyText(*stage->hDC()), "01234 23456 45678 6789a 89abc");
 }
 
 TEST(Movers, ACaptiveRisesOnTheRayAndIsCutUnderTheUfo) {
@@ -110,11 +95,11 @@ TEST(Movers, ACaptiveRisesOnTheRayAndIsCutUnderTheUfo) {
     modAnimation::RaiseCaptive(*captive, *mask, *work, *ground, *stage, record, 3);
     EXPECT_FALSE(record.Fresh);
     // Y 60 cuts 9 rows: the work's rows 9 to 12 land at 66 to 69.
-    EXPECT_EQ(Text(stage->hDC()->copy(0, 64, 2, 8)), "00 00 aa cc cc cc 00 00");
+    EXPECT_EQ(GreyText(stage->hDC()->copy(0, 64, 2, 8)), "00 00 aa cc cc cc 00 00");
     ground->hDC()->fill(Qt::white);  // not composed again
     record.Y = 80;
     modAnimation::RaiseCaptive(*captive, *mask, *work, *ground, *stage, record, 3);
-    EXPECT_EQ(Text(stage->hDC()->copy(0, 76, 2, 15)), "00 11 22 33 44 55 66 77 88 99 aa cc cc cc 00");
+    EXPECT_EQ(GreyText(stage->hDC()->copy(0, 76, 2, 15)), "00 11 22 33 44 55 66 77 88 99 aa cc cc cc 00");
 }
 
 struct WantMoreTest : ::testing::Test {
@@ -274,23 +259,6 @@ struct Clock {
     }
 };
 
-// Pixels where two pictures differ, and where they lie.
-std::string Differences(const QImage& a, const QImage& b) {
-    int count = 0;
-    QRect where;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel(x, y) != b.pixel(x, y)) {
-                ++count;
-                where |= QRect(x, y, 1, 1);
-            }
-    if (count == 0) return {};
-    std::ostringstream text;
-    text << count << " pixels within " << where.x() << ", " << where.y() << ", " << where.width() << " x "
-         << where.height();
-    return text.str();
-}
-
 // Every figure gives back the ground it covered: the small figure at its
 // turns, the UFO coming in at the stage's left edge and leaving from where
 // it hovered, the ray, the captives and the aeroplane. The part of the stage
@@ -302,26 +270,13 @@ TEST_F(WantMoreTest, AfterEachRoundOfTheScriptTheStageIsItsStartPictureAgain) {
     Clock clock{form};
     for (int round = 1; round <= 3; ++round) {
         clock.RunARound();
-        EXPECT_EQ(Differences(form.picForm->hDC()->copy(shown), start), "") << "after round " << round;
+        EXPECT_EQ(Differing(form.picForm->hDC()->copy(shown), start), QRect()) << "after round " << round;
     }
 }
 
-TEST_F(WantMoreTest, ClosingWithTheRayOutStopsEverythingAndTheNextOpeningStartsAfresh) {
-    FWantMore form;
-    RunScript(form, 2000, [&](int) { return form.scene.rayRows == 0; });
-    ASSERT_GT(form.scene.rayRows, 0);
-    form.show();
-    form.cmdWantMore->click();
-    for (platform::PlatformTimer* timer : {form.tmrUFO, form.smTimer, form.tmrAnim, form.tmrMidi})
-        EXPECT_FALSE(timer->Enabled());
-    FWantMore again;
-    EXPECT_EQ(std::tuple(again.scene.state, again.scene.Ticks, again.scene.act, again.scene.rayRows),
-              std::tuple(1, 0, 0, 0));
-    EXPECT_TRUE(!again.tmrUFO->Enabled() && again.smTimer->Enabled() && again.tmrAnim->Enabled());
-}
-
-// However the form is closed, the scene and its tune stop.
-TEST_F(WantMoreTest, EveryWayOfClosingStopsTheSceneAndItsTune) {
+// However the form is closed, even with the ray out, the scene and its tune
+// stop, and the next opening starts afresh.
+TEST_F(WantMoreTest, EveryWayOfClosingStopsTheSceneAndItsTuneAndTheNextOpeningStartsAfresh) {
     TempDir dir;
     const std::vector<std::uint8_t> tune = test_sounds::OneNoteMidi(500000, 60 * 480);  // half a minute
     WriteBytes(dir.File("sweetone.mid"), std::string(tune.begin(), tune.end()));
@@ -335,8 +290,10 @@ TEST_F(WantMoreTest, EveryWayOfClosingStopsTheSceneAndItsTune) {
     };
     for (const auto& [way, closeBy] : ways) {
         FWantMore form;
+        RunScript(form, 2000, [&](int) { return form.scene.rayRows == 0; });
+        ASSERT_GT(form.scene.rayRows, 0);
         form.show();
-        ASSERT_TRUE(modGlobal::goMidi->Active() && form.tmrMidi->Enabled()) << way;
+        ASSERT_TRUE(modGlobal::goMidi->Active() && form.tmrMidi->Enabled() && form.tmrUFO->Enabled()) << way;
         closeBy(form);
         EXPECT_FALSE(form.isVisible()) << way;
         for (platform::PlatformTimer* timer : {form.tmrUFO, form.smTimer, form.tmrAnim, form.tmrMidi})
@@ -344,6 +301,10 @@ TEST_F(WantMoreTest, EveryWayOfClosingStopsTheSceneAndItsTune) {
         EXPECT_FALSE(modGlobal::goMidi->Active()) << way;
         EXPECT_TRUE(modGlobal::goMidi->Enabled()) << way;  // stopped, not failed
     }
+    FWantMore again;
+    EXPECT_EQ(std::tuple(again.scene.state, again.scene.Ticks, again.scene.act, again.scene.rayRows),
+              std::tuple(1, 0, 0, 0));
+    EXPECT_TRUE(!again.tmrUFO->Enabled() && again.smTimer->Enabled() && again.tmrAnim->Enabled());
 }
 
 }  // namespace

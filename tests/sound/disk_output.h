@@ -6,9 +6,7 @@
 
 #include <unistd.h>
 
-#include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

@@ -1,11 +1,14 @@
 // Reading the small forms in tests: the texts and colours of their labels,
-// and the sound effects they play.
+// and the sound effects they play; and showing a form as the user sees it.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include <QLabel>
+#include <QTest>
 
 #include "sound/mod_sound_lib.h"
 
@@ -33,3 +36,11 @@ public:
 
     Strings keys;
 };
+
+// Shows the form as the active window and lets its activation run.
+inline void ShowActive(QWidget& form) {
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QCoreApplication::processEvents();
+}

@@ -60,15 +60,6 @@ TEST_F(FUserNameTest, TheFirstFailingRuleIsToldTillANameTypedOverTheNewUserEntry
     EXPECT_EQ(mainForm_.playerNames, (std::array<std::string, 4>{"Opqrstuvwxy", "Player 2", "Player 3", "Abcdefghijkl"}));
     EXPECT_EQ(Users(), Strings{user});
     EXPECT_EQ(Rows("SELECT nextuserid FROM system", {"nextuserid"}), Strings{"8"});
-
-    // Exit leaves, and the current user stays.
-    mainForm_.tag.clear();
-    FUserName leaving;
-    ShowActive(leaving);
-    leaving.cmdUserName[1]->click();
-    EXPECT_EQ(mainForm_.tag, "X");
-    EXPECT_EQ(sounds_.keys, Strings{"EXITPROG"});
-    EXPECT_EQ(CurrentUser(), user);
 }
 
 TEST_F(FUserNameTest, TheLastUserIsChosenAtEachActivationAndATypedNameIsARenameThatOnlyNoTakesBack) {

@@ -9,9 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include <array>
 #include <string>
-#include <vector>
 
 #include "platform/dao_fixture.h"
 #include "storage/storage_fixture.h"
@@ -48,14 +46,6 @@ protected:
         box->setFocus();
         QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(box, text);
-    }
-
-    // Shows the form as the active window and lets its activation run.
-    static void ShowActive(QWidget& form) {
-        form.show();
-        form.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-        QCoreApplication::processEvents();
     }
 
     // Clicks the help image and closes the help form it opens with its
