@@ -127,7 +127,10 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # the condensed sans of the players' names. The guide opens in the user's
 # browser through xdg-open.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "kdegames-card-data-kf5, timgm6mb-soundfont, fonts-dejavu-extra")
+# The zoom sets Qt's own scale factor through its private interface, which
+# holds only for the Qt the program was built with.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS
+    "kdegames-card-data-kf5, timgm6mb-soundfont, fonts-dejavu-extra, qt6-base-abi (= ${Qt6_VERSION})")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)

@@ -5,7 +5,7 @@ set -euo pipefail
 
 PACKAGES=(
   g++ cmake ninja-build pkg-config
-  qt6-base-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins
+  qt6-base-dev qt6-base-private-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins qt6-wayland
   kdegames-card-data-kf5
   libsqlcipher-dev sqlcipher sqlite3
   libsdl2-dev
@@ -13,6 +13,7 @@ PACKAGES=(
   libgtest-dev libgmock-dev
   clang libclang-rt-14-dev
   xvfb openbox xdotool imagemagick x11-utils python3
+  weston xwayland
   sox fluidsynth
   fonts-dejavu-core fonts-dejavu-extra
   desktop-file-utils appstream libglib2.0-bin lintian

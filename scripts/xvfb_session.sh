@@ -8,7 +8,7 @@ trap end_session EXIT
 Xvfb -displayfd 3 -screen 0 "${XVFB_SCREEN:-1024x768x24}" -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
 XVFB=$!
 for _ in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" SDL_AUDIODRIVER=dummy
+export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" XDG_CONFIG_HOME="$WORK/config" SDL_AUDIODRIVER=dummy
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kClientWidthTwips = 9630;
 constexpr int kClientHeightTwips = 6690;
+constexpr int kMenuBarEstimate = 19;  // pixels: the menu bar in the design font
 constexpr double kNamePointSize = 12;  // a name plate's size, for names that fit it
 
 QColor FromBgr(std::int32_t bgr) {
@@ -88,6 +89,11 @@ void ShapeWidget::paintEvent(QPaintEvent*) {
     const QRectF box = QRectF(rect()).adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
     const qreal radius = std::min(box.width(), box.height()) / 4;
     painter.drawRoundedRect(box, radius, radius);
+}
+
+QSize FDovrin::DesignSize() {
+    return QSize(platform::TwipsToPixels(kClientWidthTwips),
+                 platform::TwipsToPixels(kClientHeightTwips) + kMenuBarEstimate);
 }
 
 FDovrin::FDovrin(QWidget* parent)
@@ -168,14 +174,14 @@ void FDovrin::CreateControls() {
 
     cmdWantMore = new QPushButton(canvas_);
     cmdWantMore->setGeometry(TwipsRect(7920, 2520, 1575, 615));
-    cmdWantMore->setIcon(QIcon(platform::LoadArtPicture(QStringLiteral("want_more"))));
+    cmdWantMore->setIcon(platform::ArtIcon(QStringLiteral("want_more")));
     cmdWantMore->setIconSize(QSize(94, 20));
     cmdWantMore->setToolTip(QStringLiteral("Want more?"));
     connect(cmdWantMore, &QPushButton::clicked, this, &FDovrin::cmdWantMore_Click);
 
     cmdUser = new QPushButton(canvas_);
     cmdUser->setGeometry(TwipsRect(7920, 3250, 1575, 840));
-    cmdUser->setIcon(QIcon(platform::LoadArtPicture(QStringLiteral("pay_pot"))));
+    cmdUser->setIcon(platform::ArtIcon(QStringLiteral("pay_pot")));
     cmdUser->setIconSize(QSize(94, 38));
     cmdUser->setToolTip(QStringLiteral("Pay the pot"));
     QFont buttonFont(QStringLiteral("Eras Demi ITC"));

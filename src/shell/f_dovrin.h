@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@
 #include "link/main_form_link.h"
 #include "platform/display/platform_timer.h"
 #include "platform/display/sprite_record.h"
+#include "platform/display/zoom.h"
 #include "storage/top_ten.h"
 
 class QAction;
@@ -57,6 +59,10 @@ class FDovrin : public QMainWindow,
 public:
     explicit FDovrin(QWidget* parent = nullptr);
     ~FDovrin() override;
+
+    // The window's size in the design's pixels, its menu bar included, for
+    // the zoom to fit before the window exists.
+    static QSize DesignSize();
 
     Game& game() { return game_; }
     platform::FormSurface& surface() { return surface_; }
@@ -228,6 +234,9 @@ private:
 
     TableCanvas* canvas_ = nullptr;
     platform::FormSurface surface_;
+    // What is drawn straight on the screen can't be drawn again at another
+    // zoom: a change waits until the table keeps its drawings again.
+    std::optional<platform::ZoomHold> drawingOnScreen_;
     platform::SurfaceOverlay* overControls_ = nullptr;
     Game game_;
     std::string userTag_;  // the Tag of cmdUser

@@ -94,6 +94,7 @@ void FDovrin::CelebrateHighScore() {
     // never sees it reach five again and waits on: the program has always
     // done so. Closing the window ends the wait, which would otherwise
     // outlive it.
+    const platform::ZoomHold celebrating;
     while (!mbHighScoreDone && !unloading_) platform::DoEvents();
     mbHighScoreDone = false;
 }

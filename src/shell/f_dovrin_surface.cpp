@@ -25,7 +25,13 @@ constexpr int kFlightStep = 5;  // pixels between two positions of a flying card
 
 }  // namespace
 
-void FDovrin::SetAutoRedraw(bool on) { surface_.SetAutoRedraw(on); }
+void FDovrin::SetAutoRedraw(bool on) {
+    surface_.SetAutoRedraw(on);
+    if (on)
+        drawingOnScreen_.reset();
+    else if (!drawingOnScreen_)
+        drawingOnScreen_.emplace();
+}
 
 void FDovrin::Cls() { surface_.Cls(); }
 

@@ -5,9 +5,11 @@
 #include <optional>
 
 #include <QScreen>
+#include <QTextStream>
 
 #include "engine/mod_global.h"
 #include "platform/display/program_application.h"
+#include "platform/display/zoom.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/program_place.h"
 #include "platform/runtime/runtime.h"
@@ -34,6 +36,19 @@ void StackTheDeck() {
 }  // namespace
 #endif
 
+namespace {
+
+// The zoom of this run: the command line's, else the user's kept choice.
+void StartZoom() {
+    QString error;
+    const std::optional<platform::ZoomChoice> forThisRun =
+        platform::ZoomArgument(QCoreApplication::arguments(), error);
+    if (!error.isEmpty()) QTextStream(stderr) << "dovrin: " << error << Qt::endl;
+    platform::StartZoom(forThisRun.value_or(platform::ReadZoomChoice()), FDovrin::DesignSize());
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
 #ifdef DOVRIN_STACKED_DEAL
     StackTheDeck();
@@ -49,6 +64,7 @@ int main(int argc, char** argv) {
     try {
         const QSize screen = QGuiApplication::primaryScreen()->geometry().size();
         modGlobal::gbMaximize = screen.width() == 640 && screen.height() == 480;
+        StartZoom();
         modGlobal::gsWordPadPath = "/usr/bin/xdg-open";
         bool noUser = false;
         modGlobal::gbCopyLink = modGlobal::ReadCopyLinkOption(noUser);
@@ -65,6 +81,7 @@ int main(int argc, char** argv) {
     }
     auto* form = new FDovrin;
     form->setAttribute(Qt::WA_DeleteOnClose);
+    platform::InstallZoomKeys(*form);
     form->Form_Load();
     form->show();
     return QApplication::exec();

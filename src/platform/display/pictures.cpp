@@ -1,7 +1,12 @@
 #include "platform/display/pictures.h"
 
-#include <QGuiApplication>
+#include <algorithm>
+
+#include <QApplication>
+#include <QHash>
+#include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QSvgRenderer>
 
 namespace platform {
@@ -23,9 +28,38 @@ QImage RenderSvgImage(const QString& path, QSize size, qreal ratio) {
     return image;
 }
 
+struct PictureSource {
+    QString path;
+    QSize size;
+};
+
+// The pictures drawn at the pixel ratio now in force, and where every
+// picture handed out came from, so that it can be drawn again.
+struct PictureCache {
+    qreal ratio = 0;
+    QHash<QString, QPixmap> drawn;
+    QHash<qint64, PictureSource> sources;
+};
+
+PictureCache& Cache() {
+    static PictureCache cache;
+    return cache;
+}
+
 QPixmap RenderSvg(const QString& path, QSize size) {
-    const QImage image = RenderSvgImage(path, size, DisplayPixelRatio());
-    return image.isNull() ? QPixmap() : QPixmap::fromImage(image);
+    PictureCache& cache = Cache();
+    const qreal ratio = DisplayPixelRatio();
+    if (ratio != cache.ratio) {
+        cache.drawn.clear();
+        cache.ratio = ratio;
+    }
+    const QString key = QStringLiteral("%1@%2x%3").arg(path).arg(size.width()).arg(size.height());
+    if (const auto found = cache.drawn.constFind(key); found != cache.drawn.constEnd()) return *found;
+    const QImage image = RenderSvgImage(path, size, ratio);
+    const QPixmap picture = image.isNull() ? QPixmap() : QPixmap::fromImage(image);
+    cache.drawn.insert(key, picture);
+    if (!picture.isNull()) cache.sources.insert(picture.cacheKey(), PictureSource{path, size});
+    return picture;
 }
 
 }  // namespace
@@ -37,6 +71,23 @@ QPixmap LoadResPicture(int id, ResPictureType type) {
 
 QPixmap LoadArtPicture(const QString& name, QSize size) {
     return RenderSvg(QStringLiteral(":/art/%1.svg").arg(name), size);
+}
+
+QIcon ArtIcon(const QString& name) { return QIcon(QStringLiteral(":/art/%1.svg").arg(name)); }
+
+QPixmap RenderedAgain(const QPixmap& picture) {
+    const auto source = Cache().sources.constFind(picture.cacheKey());
+    if (source == Cache().sources.constEnd()) return picture;
+    return RenderSvg(source->path, source->size);
+}
+
+void RenderPicturesAgain() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        for (QLabel* label : window->findChildren<QLabel*>()) {
+            const QPixmap picture = label->pixmap();
+            if (!picture.isNull()) label->setPixmap(RenderedAgain(picture));
+        }
+    }
 }
 
 SpriteImages LoadSpriteImages(const QString& name, QSize size) {
@@ -56,6 +107,12 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size) {
     return sprite;
 }
 
-qreal DisplayPixelRatio() { return qGuiApp->devicePixelRatio(); }
+// Asked of the screens each time: the application's own answer is worked
+// out once and would miss a change of zoom.
+qreal DisplayPixelRatio() {
+    qreal ratio = 1.0;
+    for (const QScreen* screen : QGuiApplication::screens()) ratio = std::max(ratio, screen->devicePixelRatio());
+    return ratio;
+}
 
 }  // namespace platform

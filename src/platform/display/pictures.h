@@ -2,6 +2,7 @@
 // drawn as SVG and rendered at the screen's pixel ratio so they stay sharp.
 #pragma once
 
+#include <QIcon>
 #include <QImage>
 #include <QPixmap>
 #include <QSize>
@@ -18,6 +19,18 @@ QPixmap LoadResPicture(int id, ResPictureType type);
 // A form's own picture by name (":/art/<name>.svg"), at size in logical
 // pixels, or at the drawing's own size when size is empty.
 QPixmap LoadArtPicture(const QString& name, QSize size = QSize());
+
+// A button's picture by name, drawn afresh at whatever size and pixel ratio
+// the button shows it.
+QIcon ArtIcon(const QString& name);
+
+// The same picture drawn again at the pixel ratio now in force; a picture
+// that didn't come from the program's art comes back as it is.
+QPixmap RenderedAgain(const QPixmap& picture);
+
+// Every picture that a label of the program's windows shows, drawn again at
+// the pixel ratio now in force.
+void RenderPicturesAgain();
 
 // A figure to stencil onto a stage with two blits: the figure on pure black,
 // and its silhouette in pure black on pure white. Drawn from a form's picture
