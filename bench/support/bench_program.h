@@ -1,5 +1,5 @@
 // The benchmarks of the whole program run it from a program directory of
-// delivered files, their one argument.
+// delivered files, their first argument.
 #pragma once
 
 #include <cstdio>
@@ -9,8 +9,8 @@
 
 // Makes the directory the application path; false, after the usage, without it.
 inline bool UseProgramDirectory(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s PROGRAM_DIR\n", argv[0]);
+    if (argc < 2) {
+        std::fprintf(stderr, "usage: %s PROGRAM_DIR [OPTIONS]\n", argv[0]);
         return false;
     }
     platform::SetAppPath(std::string(argv[1]));

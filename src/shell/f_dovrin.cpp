@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -106,14 +105,13 @@ FDovrin::FDovrin(QWidget* parent)
     setCentralWidget(canvas_);
     canvas_->setFixedSize(platform::TwipsToPixels(kClientWidthTwips),
                           platform::TwipsToPixels(kClientHeightTwips));
-    // A fixed border and no maximise button.
+    // The window grows only by the steps of the zoom, which follows a
+    // maximise or a drag of the border (platform/display/zoom.cpp).
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint |
-                   Qt::MSWindowsFixedSizeDialogHint);
+                   Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
     setWindowIcon(QIcon(platform::LoadArtPicture(QStringLiteral("dovrin"), QSize(64, 64))));
     CreateControls();
     CreateMenus();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
     modGlobal::goMainForm = this;
     tmrCount.SetInterval(1);
     connect(&tmrCount, &platform::PlatformTimer::Timer, this, [this] { game_.tmrCount_Timer(); });

@@ -2,8 +2,9 @@
 # The zoom in the real window under Xvfb and openbox: at start the main window
 # takes the step that fits the screen, drawn whole at that size; a key
 # changes the step at once, the window keeping its centre, and the choice is
-# kept in the user's config file; Ctrl+0 goes back to fit.
-# Usage: zoom_screen_test.sh PROGRAM_DIR DELIVERED_DIR WIDTHxHEIGHT FIT_PERCENT KEY KEY_PERCENT
+# kept in the user's config file; Ctrl+0 goes back to fit; the window
+# manager's maximise button shows the largest step that fits the screen.
+# Usage: zoom_screen_test.sh PROGRAM_DIR DELIVERED_DIR WIDTHxHEIGHT FIT_PERCENT KEY KEY_PERCENT MAXIMISED_PERCENT
 set -euo pipefail
 PROGRAM_DIR=$1
 DELIVERED_DIR=$2
@@ -11,6 +12,7 @@ XVFB_SCREEN="$3x24"
 FIT=$4
 KEY=$5
 AFTER_KEY=$6
+MAXIMISED=$7
 HERE=$(cd "$(dirname "$0")" && pwd)
 source "$HERE"/../../scripts/xvfb_session.sh
 openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
@@ -47,11 +49,18 @@ geometry() { # percent
     CENTRE_Y=$((Y + HEIGHT / 2))
 }
 # The table's wooden rail in the client's bottom right corner: the picture
-# fills the whole zoomed window.
+# fills the whole zoomed window, once the window has painted it.
 rail_in_corner() {
-    import -window "$MAIN" "$WORK/shot.png"
-    convert "$WORK/shot.png" -crop "1x1+$((WIDTH - 4))+$((HEIGHT - 4))" -format '%[fx:int(255*r)] %[fx:int(255*b)]' info: |
-        { read -r red blue; [ "$red" -gt $((blue + 20)) ] && echo wood || echo "not wood ($red,$blue)"; }
+    local seen
+    for _ in $(seq 40); do
+        import -window "$MAIN" "$WORK/shot.png"
+        seen=$(convert "$WORK/shot.png" -crop "1x1+$((WIDTH - 4))+$((HEIGHT - 4))" \
+            -format '%[fx:int(255*r)] %[fx:int(255*b)]' info: |
+            { read -r red blue; [ "$red" -gt $((blue + 20)) ] && echo wood || echo "not wood ($red,$blue)"; })
+        [ "$seen" = wood ] && break
+        sleep 0.05
+    done
+    echo "$seen"
 }
 config() { sed -n 's/^zoom=//p' "$XDG_CONFIG_HOME/lantern-dovrin/lantern-dovrin.conf" 2>/dev/null; }
 
@@ -72,6 +81,13 @@ xdotool key --clearmodifiers ctrl+0
 geometry "$FIT"
 check "the width back at fit" "$FIT %" "$WIDTH_AT"
 check "fit kept" fit "$(config)"
+# openbox's maximise button: the second from the right in the title bar.
+read -r left _ top _ < <(xprop -id "$MAIN" _NET_FRAME_EXTENTS | sed 's/.*= //; s/,//g')
+eval "$(xwininfo -id "$MAIN" | sed -n 's/^ *Absolute upper-left \([XY\]\): *\(-*[0-9]*\)$/ABS_\1=\2/p')"
+xdotool mousemove $((ABS_X + WIDTH + left - 26)) $((ABS_Y - top / 2)) click 1
+geometry "$MAXIMISED"
+check "the width after maximise" "$MAXIMISED %" "$WIDTH_AT"
+check "the table maximised" wood "$(rail_in_corner)"
 kill -0 "$APP" || { echo "FAILED: the program ended"; failures=$((failures + 1)); }
 
 [ "$failures" -eq 0 ] && echo "1 passed, 0 failed" || { cat "$WORK/program.log"; exit 1; }

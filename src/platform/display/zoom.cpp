@@ -1,6 +1,8 @@
 #include "platform/display/zoom.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -24,11 +26,21 @@ namespace {
 // and thin borders, in screen pixels.
 constexpr QSize kFrameEstimate{8, 32};
 
+// A resize of the main window by the window manager counts once nothing
+// more has come for this long: a drag of its border is a stream of them.
+constexpr std::chrono::milliseconds kResizeRest{150};
+
+// A window's size may be a pixel off its design's where the zoom's factor
+// rounds its two edges apart.
+constexpr int kSizeTolerance = 2;
+
 struct ZoomState {
     int percent = 100;
     int holds = 0;
     std::optional<int> pending;
     QPointer<QWidget> mainWindow;
+    QSize mainDesign;  // the main window's size in the design's pixels
+    QTimer* resized = nullptr;  // the window manager's resizing has come to rest
     std::vector<ZoomFollower*> surfaces;
     std::vector<ZoomFollower*> forms;
 };
@@ -75,13 +87,47 @@ QPointF FromScreenPixels(QPointF native, const QScreen& screen, int percent) {
 }
 
 // The window at its logical size again, its frame's centre where it was.
-void KeepCentre(QWidget& window, QPointF centre, const QScreen& screen, int percent) {
+void KeepCentre(QWidget& window, QSize size, QPointF centre, const QScreen& screen, int percent) {
     QWindow* handle = window.windowHandle();
     const QMargins frame = handle->frameMargins();
-    const QSizeF outer = QSizeF(window.size().grownBy(frame));
+    const QSizeF outer = QSizeF(size.grownBy(frame));
     const QPointF middle = FromScreenPixels(centre, screen, percent);
     const QPoint frameTopLeft = (middle - QPointF(outer.width(), outer.height()) / 2).toPoint();
-    handle->setGeometry(QRect(frameTopLeft + QPoint(frame.left(), frame.top()), window.size()));
+    handle->setGeometry(QRect(frameTopLeft + QPoint(frame.left(), frame.top()), size));
+}
+
+// The largest step at which the main window fits its screen whole.
+int LargestStepOnScreen(const QWidget& window) {
+    return LargestZoomStepWithin(UnzoomedAvailable(*ScreenOf(window)), State().mainDesign, UnzoomedFrame(window));
+}
+
+// The main window may be made as small as the smallest step and as large as
+// the largest that fits the screen; the zoom follows (FollowWindowSize).
+void LimitMainWindowSize() {
+    ZoomState& state = State();
+    if (!state.mainWindow) return;
+    const int largest = std::max(state.percent, LargestStepOnScreen(*state.mainWindow));
+    const QSizeF design(state.mainDesign);
+    const qreal factor = Factor(state.percent);
+    state.mainWindow->setMinimumSize((design * (Factor(kZoomSteps.front()) / factor)).toSize());
+    state.mainWindow->setMaximumSize((design * (Factor(largest) / factor)).toSize());
+}
+
+// After the window manager resized or maximised the main window: the step
+// whose window is the largest within the new size, and the window at that
+// step's size.
+void FollowWindowSize() {
+    ZoomState& state = State();
+    QWidget* window = state.mainWindow;
+    if (!window || !window->isVisible()) return;
+    const QSize off = window->size() - state.mainDesign;
+    if (std::abs(off.width()) <= kSizeTolerance && std::abs(off.height()) <= kSizeTolerance) return;
+    const QSizeF room = QSizeF(window->size() + QSize(kSizeTolerance, kSizeTolerance)) * Factor(state.percent);
+    const int step = std::min(LargestZoomStepWithin(room, state.mainDesign, QSize()), LargestStepOnScreen(*window));
+    if (step != state.percent)
+        ChangeZoom(step);
+    else
+        window->resize(state.mainDesign);
 }
 
 void Notify(const std::vector<ZoomFollower*>& followers) {
@@ -103,7 +149,8 @@ class ZoomKeys : public QObject {
 public:
     using QObject::QObject;
 
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Resize && watched == State().mainWindow) State().resized->start();
         if (event->type() != QEvent::KeyPress) return false;
         const auto* key = static_cast<QKeyEvent*>(event);
         const Qt::KeyboardModifiers mods = key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
@@ -148,6 +195,9 @@ void ChangeZoom(int percent) {
     }
     state.percent = percent;
     SetScreenFactors(percent);
+    // The new limits first, so that the window manager holds the new size
+    // against them and not against the old ones.
+    LimitMainWindowSize();
     for (const Place& place : places) {
         if (!place.window) continue;
         QWindow* handle = place.window->windowHandle();
@@ -156,7 +206,8 @@ void ChangeZoom(int percent) {
         QEvent screenChange(QEvent::ScreenChangeInternal);
         QCoreApplication::sendEvent(handle, &screenChange);
         if (QBackingStore* store = place.window->backingStore()) store->resize(QSize(0, 0));
-        KeepCentre(*place.window, place.centre, *place.screen, percent);
+        const QSize size = place.window == state.mainWindow ? state.mainDesign : place.window->size();
+        KeepCentre(*place.window, size, place.centre, *place.screen, percent);
     }
     RenderPicturesAgain();
     Notify(state.surfaces);
@@ -171,22 +222,14 @@ void RequestZoom(ZoomRequest request) {
     int to = from;
     ZoomChoice choice;
     if (request == ZoomRequest::Fit) {
-        if (state.mainWindow) {
-            const QScreen* screen = ScreenOf(*state.mainWindow);
-            to = FitZoomStep(UnzoomedAvailable(*screen), state.mainWindow->size(), UnzoomedFrame(*state.mainWindow));
-        }
-    } else if (request == ZoomRequest::Smaller) {
-        to = PreviousZoomStep(from);
-        choice = ZoomChoice{false, to};
+        if (state.mainWindow)
+            to = FitZoomStep(UnzoomedAvailable(*ScreenOf(*state.mainWindow)), state.mainDesign,
+                             UnzoomedFrame(*state.mainWindow));
     } else {
-        to = NextZoomStep(from);
+        to = request == ZoomRequest::Smaller ? PreviousZoomStep(from) : NextZoomStep(from);
         // Only as large as the whole window still fits the screen.
-        if (state.mainWindow) {
-            const QScreen* screen = ScreenOf(*state.mainWindow);
-            to = std::min(to, std::max(from, LargestZoomStepWithin(UnzoomedAvailable(*screen),
-                                                                   state.mainWindow->size(),
-                                                                   UnzoomedFrame(*state.mainWindow))));
-        }
+        if (request == ZoomRequest::Larger && state.mainWindow)
+            to = std::min(to, std::max(from, LargestStepOnScreen(*state.mainWindow)));
         choice = ZoomChoice{false, to};
     }
     WriteZoomChoice(choice);
@@ -195,8 +238,20 @@ void RequestZoom(ZoomRequest request) {
 }
 
 void InstallZoomKeys(QWidget& mainWindow) {
-    State().mainWindow = &mainWindow;
-    qApp->installEventFilter(new ZoomKeys(qApp));
+    ZoomState& state = State();
+    state.mainWindow = &mainWindow;
+    state.mainDesign = mainWindow.sizeHint();
+    // Qt asks the window manager for sizes in steps of the zoom's factor,
+    // counted from the base: from the design's size, which is thus always
+    // one of them.
+    mainWindow.setBaseSize(state.mainDesign);
+    auto* keys = new ZoomKeys(qApp);
+    state.resized = new QTimer(keys);
+    state.resized->setSingleShot(true);
+    state.resized->setInterval(kResizeRest);
+    QObject::connect(state.resized, &QTimer::timeout, keys, &FollowWindowSize);
+    qApp->installEventFilter(keys);
+    LimitMainWindowSize();
 }
 
 ZoomHold::ZoomHold() { ++State().holds; }
