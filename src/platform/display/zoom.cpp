@@ -245,6 +245,9 @@ void InstallZoomKeys(QWidget& mainWindow) {
     // counted from the base: from the design's size, which is thus always
     // one of them.
     mainWindow.setBaseSize(state.mainDesign);
+    // Sized by hand, a window isn't held to two thirds of a screen that
+    // the zoom has made small.
+    mainWindow.resize(state.mainDesign);
     auto* keys = new ZoomKeys(qApp);
     state.resized = new QTimer(keys);
     state.resized->setSingleShot(true);
