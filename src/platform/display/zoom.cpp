@@ -113,6 +113,8 @@ void LimitMainWindowSize() {
     state.mainWindow->setMaximumSize((design * (Factor(largest) / factor)).toSize());
 }
 
+void ApplyPending();
+
 // After the window manager resized or maximised the main window: the step
 // whose window is the largest within the new size, and the window at that
 // step's size.
@@ -124,10 +126,12 @@ void FollowWindowSize() {
     if (std::abs(off.width()) <= kSizeTolerance && std::abs(off.height()) <= kSizeTolerance) return;
     const QSizeF room = QSizeF(window->size() + QSize(kSizeTolerance, kSizeTolerance)) * Factor(state.percent);
     const int step = std::min(LargestZoomStepWithin(room, state.mainDesign, QSize()), LargestStepOnScreen(*window));
-    if (step != state.percent)
-        ChangeZoom(step);
-    else
+    if (step == state.percent) {
         window->resize(state.mainDesign);
+        return;
+    }
+    state.pending = step;
+    ApplyPending();
 }
 
 void Notify(const std::vector<ZoomFollower*>& followers) {
