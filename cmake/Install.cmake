@@ -131,7 +131,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # holds only for the Qt the program was built with.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "kdegames-card-data-kf5, timgm6mb-soundfont, fonts-dejavu-extra, qt6-base-abi (= ${Qt6_VERSION})")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+# Wayland's own platform serves a user who asks for it (README, Wayland).
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 

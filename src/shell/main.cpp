@@ -53,6 +53,7 @@ int main(int argc, char** argv) {
 #ifdef DOVRIN_STACKED_DEAL
     StackTheDeck();
 #endif
+    platform::PreferX11Platform();
     platform::ProgramApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lantern! Dovrin"));
     QApplication::setDesktopFileName(QStringLiteral("com.example.LanternDovrin"));

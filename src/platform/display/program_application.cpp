@@ -1,5 +1,6 @@
 #include "platform/display/program_application.h"
 
+#include <QMainWindow>
 #include <QMessageBox>
 
 #include "platform/runtime/msgbox.h"
@@ -23,12 +24,29 @@ QMessageBox::Icon IconOf(int style) {
     }
 }
 
+// The window a box opens over, so that the desktop keeps it above that
+// window. Under Wayland the active window is known only once the compositor
+// has given the program the keyboard, which may not have happened yet: then
+// the modal form on top stands in, else the main window, else any window
+// that shows.
+QWidget* BoxOwner() {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    QWidget* shown = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const Qt::WindowType type = window->windowType();
+        if (!window->isVisible() || (type != Qt::Window && type != Qt::Dialog)) continue;
+        if (qobject_cast<QMainWindow*>(window)) return window;
+        if (!shown) shown = window;
+    }
+    return shown;
+}
+
 class DesktopMessages : public MessageDesk {
 public:
     int ShowBox(const std::string& text, int style, const std::string& title) override {
         const QString lines = QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-        QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton,
-                        QApplication::activeWindow());
+        QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton, BoxOwner());
         if (AsksYesNo(style)) {
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
             box.setDefaultButton(QMessageBox::Yes);
@@ -46,9 +64,24 @@ public:
 
 DesktopMessages gDesktopMessages;
 
+constexpr char kPlatformVariable[] = "QT_QPA_PLATFORM";
+// Whether the platform in the environment is our own asking, taken back
+// once the application has chosen by it.
+bool gAskedForX11 = false;
+
 }  // namespace
 
+void PreferX11Platform() {
+    if (qEnvironmentVariableIsSet(kPlatformVariable) || qEnvironmentVariableIsEmpty("DISPLAY")) return;
+    qputenv(kPlatformVariable, "xcb;wayland");
+    gAskedForX11 = true;
+}
+
 ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    if (gAskedForX11) {
+        qunsetenv(kPlatformVariable);
+        gAskedForX11 = false;
+    }
     SetMessageDesk(&gDesktopMessages);
 }
 

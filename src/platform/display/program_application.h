@@ -19,6 +19,14 @@ public:
     bool notify(QObject* receiver, QEvent* event) override;
 };
 
+// Asks Qt for the X11 platform, through XWayland on a Wayland desktop, where
+// the user named no platform and an X display is at hand: there the program
+// places its own windows, centres its forms and keeps a window's centre when
+// the zoom changes, as its forms expect. Wayland still serves where the X
+// display can't be reached. Call it before the application object exists;
+// the programs the game starts later (the browser) make their own choice.
+void PreferX11Platform();
+
 // The box of a run-time error that escaped every handler, then the end at
 // once. Gives no return.
 [[noreturn]] void StopOnRuntimeError(std::int32_t number, const std::string& description);

@@ -226,9 +226,11 @@ void RequestZoom(ZoomRequest request) {
     int to = from;
     ZoomChoice choice;
     if (request == ZoomRequest::Fit) {
+        // With the start's estimate of the frame, not the frame at hand, so
+        // that back to fit is the step the game started at (a compositor's
+        // frame may hold a wide shadow).
         if (state.mainWindow)
-            to = FitZoomStep(UnzoomedAvailable(*ScreenOf(*state.mainWindow)), state.mainDesign,
-                             UnzoomedFrame(*state.mainWindow));
+            to = FitZoomStep(UnzoomedAvailable(*ScreenOf(*state.mainWindow)), state.mainDesign, kFrameEstimate);
     } else {
         to = request == ZoomRequest::Smaller ? PreviousZoomStep(from) : NextZoomStep(from);
         // Only as large as the whole window still fits the screen.
