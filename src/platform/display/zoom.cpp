@@ -260,6 +260,10 @@ void InstallZoomKeys(QWidget& mainWindow) {
     state.resized->setInterval(kResizeRest);
     QObject::connect(state.resized, &QTimer::timeout, keys, &FollowWindowSize);
     qApp->installEventFilter(keys);
+    // A screen plugged in later shows the game at the same zoom.
+    QObject::connect(qApp, &QGuiApplication::screenAdded, keys, [](QScreen* screen) {
+        QHighDpiScaling::setScreenFactor(screen, Factor(State().percent));
+    });
     LimitMainWindowSize();
 }
 
