@@ -47,11 +47,11 @@ protected:
         } else if (watched == form_.centralWidget() && form_.game().maCardsLeft[3] == 13 && !handSeen_) {
             handSeen_ = true;
             std::printf("OK to first painted hand: %.1f ms\n", MsSince(ok_));
-            NextChange();
+            WhenUsersTurn();
         } else if (watched == form_.centralWidget() && handSeen_ && platform::ZoomPercent() == awaited_) {
             std::printf("zoom key to the table painted at %d %%: %.1f ms\n", awaited_, MsSince(key_));
             awaited_ = 0;
-            QTimer::singleShot(0, this, [this] { NextChange(); });
+            WhenUsersTurn();
         }
         return false;
     }
@@ -62,6 +62,17 @@ private:
         okPressed_ = true;
         ok_ = Clock::now();
         userForm.cmdUserName[0]->click();
+    }
+
+    // The zoom is changed while the table waits for the user: during the
+    // computers' flights a change waits for their end.
+    void WhenUsersTurn() {
+        QTimer::singleShot(10, this, [this] {
+            if (form_.game().mbUserTurn)
+                NextChange();
+            else
+                WhenUsersTurn();
+        });
     }
 
     // Up a step, or down one where the screen has no room for more.

@@ -150,10 +150,10 @@ TEST_F(GameTest, TheEndOfGameDispatch) {
         Move("7H");
         EXPECT_EQ(table.LinesOf("F|Top|Check|Recover|pointer|picture|Ini|caption|unload"), c.steps);
         EXPECT_EQ(game.miLevel, c.levelAfter);
+        // A new game: its first hand, no scores, and the ante taken.
         const bool started = c.steps.back() == newGame;
-        EXPECT_EQ(game.miHandNo, started ? 0 : 3);
-        EXPECT_EQ(modGlobal::gaScoresUser.empty(), started);
-        EXPECT_EQ(game.miMoney0, started ? 195 : 130);
+        EXPECT_EQ(std::tuple(game.miHandNo, modGlobal::gaScoresUser.empty(), game.miMoney0),
+                  started ? std::tuple(0, true, 195) : std::tuple(3, false, 130));
         EXPECT_EQ(table.tag, c.answer == "CHANGE" ? "" : c.answer);
     }
 }

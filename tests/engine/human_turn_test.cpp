@@ -43,13 +43,11 @@ TEST_F(GameTest, EveryRefusalGetsItsNotice) {
         Deal(c.deal);
         if (c.before == "wait") game.mbUserTurn = false;
         else if (!c.before.empty()) Move(c.before);
-        const auto hand = game.maHand3;
-        const auto money = game.miMoney3;
+        const auto handAndMoney = std::tuple(game.maHand3, game.miMoney3);
         table.log.clear();
         Move(c.move);
         EXPECT_EQ(table.log, c.log);
-        EXPECT_EQ(game.maHand3, hand);
-        EXPECT_EQ(game.miMoney3, money);
+        EXPECT_EQ(std::tuple(game.maHand3, game.miMoney3), handAndMoney);
         EXPECT_EQ(game.mbUserTurn, c.before != "wait");
     }
     // With one legal card the notice names it.

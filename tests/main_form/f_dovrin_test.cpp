@@ -37,6 +37,16 @@ public:
     }
 };
 
+// Where a name's letters lie on the table: the box of the pixels its label
+// draws, without the label's background.
+QRect NameInk(QLabel& label) {
+    QImage drawn(label.size(), QImage::Format_RGB32);
+    drawn.fill(Qt::white);
+    const QImage blank = drawn.copy();
+    label.render(&drawn, QPoint(), QRegion(), QWidget::DrawChildren);
+    return Differing(drawn, blank).translated(label.pos());
+}
+
 class MainFormTest : public ::testing::Test {
 protected:
     std::unique_ptr<FDovrin> form;
@@ -94,20 +104,6 @@ TEST_F(MainFormTest, AFlightDrawsOnTheScreenOnlyOverTheLabelsButUnderTheButtons)
     form->surface().Draw(button, [&](QPainter& painter) { painter.fillRect(button, Qt::red); });
     EXPECT_EQ(WindowImage(button), buttonBefore);
 }
-
-namespace {
-
-// Where a name's letters lie on the table: the box of the pixels its label
-// draws, without the label's background.
-QRect NameInk(QLabel& label) {
-    QImage drawn(label.size(), QImage::Format_RGB32);
-    drawn.fill(Qt::white);
-    const QImage blank = drawn.copy();
-    label.render(&drawn, QPoint(), QRegion(), QWidget::DrawChildren);
-    return Differing(drawn, blank).translated(label.pos());
-}
-
-}  // namespace
 
 // A long name shrinks to fit its plate, and stays as well placed on it as a
 // short one: within the plate's outline, and its letters' middle at the height
@@ -227,21 +223,22 @@ TEST_F(MainFormTest, HoverSoundsOnCrossingIntoABox) {
 }
 
 TEST_F(MainFormTest, CtrlKeysFlipTheOptionsAndEscapeAsksBeforeLeaving) {
+    // The option, then its menu's two entries: "on" hidden, "off" shown.
+    const auto option = [&](bool on, int entry) {
+        return std::tuple(on, form->mnuOption[entry]->isVisible(), form->mnuOption[entry + 1]->isVisible());
+    };
     QTest::keyClick(form->cmdUser, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_TRUE(modGlobal::gbAnimalsOn);
-    EXPECT_FALSE(form->mnuOption[0]->isVisible());
-    EXPECT_TRUE(form->mnuOption[1]->isVisible());
+    EXPECT_EQ(option(modGlobal::gbAnimalsOn, 0), std::tuple(true, false, true));
     QTest::keyClick(form->cmdUser, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(modGlobal::gbAnimalsOn);
     QTest::keyClick(form->cmdUser, Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(modGlobal::gbSoundOn);
     QTest::keyClick(form->cmdUser, Qt::Key_S, Qt::ControlModifier);
-    EXPECT_FALSE(modGlobal::gbSoundOn);
-    EXPECT_TRUE(form->mnuOption[5]->isVisible());
+    EXPECT_EQ(option(modGlobal::gbSoundOn, 5), std::tuple(false, true, false));
     // Music is off until the settings say otherwise: Ctrl+M turns it on.
     ASSERT_FALSE(form->MusicEnabled());
     QTest::keyClick(form.get(), Qt::Key_M, Qt::ControlModifier);
-    EXPECT_TRUE(form->MusicEnabled());
+    EXPECT_EQ(option(form->MusicEnabled(), 3), std::tuple(true, false, true));
     EXPECT_FALSE(modGlobal::goMidi->Active());  // the option starts no tune
     // Switching on sounds after the option is set, switching off before.
     EXPECT_EQ(sounds.keys, (Strings{"ANIMALSON", "SOUNDON", "SOUNDON", "MUSICON"}));
@@ -304,10 +301,8 @@ TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas)
     Tick(1);  // the stage's picture is drawn; the lane starts below it
     const QImage stage = LaneZeroBand();
     EXPECT_NE(stage.pixel(100, 100), qRgb(0, 0, 0));
-    EXPECT_TRUE(lane[0].Active);
-    EXPECT_EQ(lane[0].Y, 500);
-    EXPECT_GE(lane[0].X, 1);
-    EXPECT_LE(lane[0].X, 134);
+    EXPECT_EQ(std::pair(lane[0].Active, lane[0].Y), std::pair(true, 500));
+    EXPECT_TRUE(lane[0].X >= 1 && lane[0].X <= 134) << lane[0].X;
     // Lane 1 starts once lane 0 is below 466, lane 2 once it is below 235.
     for (const auto& [next, ticks] : {std::pair{1, 6}, {2, 46}}) {
         Tick(ticks);
@@ -321,14 +316,11 @@ TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas)
     Tick(30);
     EXPECT_NE(LaneZeroBand(), stage);
     Tick(141 - 85);
-    EXPECT_EQ(lane[0].Y, -200);
-    EXPECT_TRUE(lane[0].Fresh);
+    EXPECT_EQ(std::pair(lane[0].Y, lane[0].Fresh), std::pair(-200, true));
     EXPECT_EQ(LaneZeroBand(), stage);
     const std::int32_t firstX = lane[0].X;
     Tick(1);
-    EXPECT_EQ(lane[0].Y, 500);
-    EXPECT_EQ(lane[0].Kind, 1);
-    EXPECT_FALSE(lane[0].Fresh);
+    EXPECT_EQ(std::tuple(lane[0].Y, lane[0].Kind, lane[0].Fresh), std::tuple(500, 1, false));
     EXPECT_EQ(form->lblLeft->text().toInt(), lane[0].X + 78);
     EXPECT_NE(lane[0].X, firstX);
 }
@@ -340,23 +332,21 @@ TEST_F(MainFormTest, TheHighScoreWaitEndsAtTheFifthTickAndTheListTakesTheStageDo
     QTimer::singleShot(0, [this] {
         for (int i = 0; i < 5; ++i) form->tmrHighScore->Fire();
     });
+    // The stage shown, the balloons' timer, the wait's timer, the menus.
+    const auto celebration = [this] {
+        return std::tuple(form->picHighScore->isVisibleTo(form.get()), form->tmrSprites->Enabled(),
+                          form->tmrHighScore->Enabled(), form->mnuFileH->isEnabled());
+    };
     form->CelebrateHighScore();
-    EXPECT_TRUE(form->picHighScore->isVisibleTo(form.get()));
-    EXPECT_TRUE(form->tmrSprites->Enabled());
-    EXPECT_FALSE(form->mnuFileH->isEnabled());
-    EXPECT_FALSE(form->mbHighScoreDone);
+    EXPECT_EQ(celebration(), std::tuple(true, true, true, false));
 
     // The counter is never reset: a second celebration would wait for ever.
     form->tmrHighScore->Fire();
-    EXPECT_EQ(form->miHighScoreTicks, 6);
-    EXPECT_FALSE(form->mbHighScoreDone);
+    EXPECT_EQ(std::tuple(form->miHighScoreTicks, form->mbHighScoreDone), std::tuple(6, false));
 
     modGlobal::giTopTenRow = 99;
     FTopTen topTen(form.get());
     QTimer::singleShot(0, &topTen, &QDialog::close);
     topTen.exec();
-    EXPECT_FALSE(form->picHighScore->isVisibleTo(form.get()));
-    EXPECT_FALSE(form->tmrSprites->Enabled());
-    EXPECT_FALSE(form->tmrHighScore->Enabled());
-    EXPECT_TRUE(form->mnuFileH->isEnabled());
+    EXPECT_EQ(celebration(), std::tuple(false, false, false, true));
 }

@@ -36,8 +36,7 @@ protected:
 TEST_F(ProgramPlaceTest, ABuildKeepsItsFilesBesideTheExecutable) {
     platform::SetAppPath(prefix.Path());
     EXPECT_EQ(platform::SettleProgramPlace(), "");
-    EXPECT_EQ(platform::AppPath(), prefix.Path());
-    EXPECT_FALSE(platform::ProgramInstalled());
+    EXPECT_EQ(std::pair(platform::AppPath(), platform::ProgramInstalled()), std::pair(prefix.Path(), false));
     EXPECT_FALSE(fs::exists(userFolder));
     // No regular install directory: the old paths of the two name nothing.
     EXPECT_EQ(platform::OldPlatformPath("C:\\Program Files\\LANTERN! Dovrin v3.0"), "");
@@ -51,8 +50,7 @@ TEST_F(ProgramPlaceTest, AnInstalledProgramFillsTheUsersFolderWithWhatItLacksOnl
     fs::create_directories(userFolder);
     WriteBytes(userFolder + "/dovrin.ini", "my settings");
     EXPECT_EQ(platform::SettleProgramPlace(), "");
-    EXPECT_EQ(platform::AppPath(), userFolder);
-    EXPECT_TRUE(platform::ProgramInstalled());
+    EXPECT_EQ(std::pair(platform::AppPath(), platform::ProgramInstalled()), std::pair(userFolder, true));
     EXPECT_EQ(platform::RegularInstallDirs()[0], userFolder);
     // The old path of this version leads there, whatever its letter case;
     // the older version's, and a folder that only begins alike, by the drive.
@@ -72,8 +70,7 @@ TEST_F(ProgramPlaceTest, AUsersFolderThatCantBeMadeIsToldAndNothingMoves) {
     WriteBytes(userFolder, "a file where the folder would be");
     const std::string message = platform::SettleProgramPlace();
     EXPECT_NE(message.find(userFolder), std::string::npos) << message;
-    EXPECT_EQ(platform::AppPath(), prefix.File("bin"));
-    EXPECT_FALSE(platform::ProgramInstalled());
+    EXPECT_EQ(std::pair(platform::AppPath(), platform::ProgramInstalled()), std::pair(prefix.File("bin"), false));
     EXPECT_EQ(ReadBytes(userFolder), "a file where the folder would be");
 }
 

@@ -51,20 +51,18 @@ TEST_F(MusicFailureTest, TheFirstTuneFailsOnceAndTheMusicStaysOffIntoTheSettings
 
     // What the fanfare of a high score does.
     modGlobal::goMidi->Play(form, "Circus.mid");
-    EXPECT_FALSE(modGlobal::goMidi->Enabled());
-    EXPECT_FALSE(modGlobal::goMidi->Active());
+    EXPECT_FALSE(modGlobal::goMidi->Enabled() || modGlobal::goMidi->Active());
     modGlobal::MusicFailed(form);
 
     EXPECT_EQ(midiErrShown, 1);
     EXPECT_FALSE(form.tmrMidi->Enabled());
-    EXPECT_TRUE(form.mnuOption[3]->isVisible());  // "Turn &Music On" is offered
-    EXPECT_FALSE(form.mnuOption[4]->isVisible());
+    // "Turn &Music On" is offered, "Turn M&usic Off" not.
+    EXPECT_EQ(std::pair(form.mnuOption[3]->isVisible(), form.mnuOption[4]->isVisible()), std::pair(true, false));
     const std::vector<std::string> logged{"Play|" + platform::MciErrorText(platform::MCIERR_SEQ_NOMIDIPRESENT)};
     EXPECT_EQ(ErrorLog(), logged);
 
     modGlobal::goMidi->Play(form, "Circus.mid");
-    EXPECT_FALSE(modGlobal::goMidi->Active());
-    EXPECT_FALSE(form.tmrMidi->Enabled());
+    EXPECT_FALSE(modGlobal::goMidi->Active() || form.tmrMidi->Enabled());
     EXPECT_EQ(ErrorLog(), logged);
     modGlobal::gbSoundOn = true;
     const auto start = std::chrono::steady_clock::now();

@@ -1,7 +1,7 @@
 #include "storage/settings_file.h"
 
+#include <optional>
 #include <unistd.h>
-
 
 #include "storage_fixture.h"
 #include "support/recording_main_form.h"
@@ -29,29 +29,21 @@ protected:
 
     void ResetForm() {
         form_.menus = {};
-        form_.music = true;
+        form_.music = false;
         form_.windowState = -1;
     }
 
     RecordingMainForm form_;
 };
 
-TEST_F(SettingsFileTest, AMissingFileGivesOneWarningAndAllTheDefaults) {
-    form_.music = false;
-    storage::LoadSettings(form_);
-
-    EXPECT_EQ(responder_.BeepCount(), 1);
-    EXPECT_EQ(Boxes(), (std::vector<Box>{{"The Dovrin Game", kExclamation,
-                                          IniFile() + " not found!\r\nLoading DOVRIN using defaults."}}));
-    EXPECT_EQ(Loaded(), "ids 0/0, path " + app_.Path() +
-                            ", window 0, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT");
-}
-
-// A conversion error is told with a beep, and the value it was for kept.
+// A missing file gives one warning and all the defaults. A conversion error
+// is told with a beep, and the value it was for kept.
 TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAKeyNotInTheFileKeepsItsValueAndReadingGoesOnPastAnError) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
+    const std::vector<std::pair<std::optional<std::string>, std::string>> cases = {
+        {std::nullopt, "ids 0/0, path " + app_.Path() +
+                           ", window 0, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus TF-FTFT"},
         {"[Options]\r\n",
-         "ids 0/0, path , window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -------"},
+         "ids 0/0, path , window -1, sound 0, speed 0, animals 0, music 0, copylnk 0, menus -------"},
         {"[Options]\r\n"
          "user_id=12abc\r\n"
          "db_path=APPPATH\r\n"
@@ -69,20 +61,24 @@ TEST_F(SettingsFileTest, EachKeyIsReadByItsRulesAKeyNotInTheFileKeepsItsValueAnd
         // may end in LF or CR alone, and only the capitals are the symbol of
         // the program's directory.
         {"user_id=abc\nuser_id = 7\nanimspd=40\rdb_path=apppath\nanimspd=x=3\nsoundon\n",
-         "ids 0/7, path apppath, window -1, sound 0, speed 0, animals 0, music 1, copylnk 0, menus -----TF"},
-        {"user_id=7\r\nanimspd=3000000\r\nuser_id=1e12\r\nsoundon=TRUE\r\nanimspd=80\r\n",
-         "ids 0/7, path , window -1, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus -----FT"},
+         "ids 0/7, path apppath, window -1, sound 0, speed 0, animals 0, music 0, copylnk 0, menus -----TF"},
+        {"user_id=7\r\nanimspd=3000000\r\nuser_id=1e12\r\nsoundon=TRUE\r\nanimspd=80\r\nmusicon=TRUE\r\n",
+         "ids 0/7, path , window -1, sound 1, speed 80000, animals 0, music 1, copylnk 0, menus ---FTFT"},
     };
     for (const auto& [ini, loaded] : cases) {
-        SCOPED_TRACE(ini);
+        SCOPED_TRACE(ini.value_or("no file"));
         ResetGlobals();
         ResetForm();
-        WriteIni(ini);
+        if (ini) WriteIni(*ini);
         storage::LoadSettings(form_);
         EXPECT_EQ(Loaded(), loaded);
+        std::filesystem::remove(IniFile());
     }
-    EXPECT_EQ(Boxes(), std::vector<Box>(2, {"Ini File", kExclamation, "Overflow"}));
-    EXPECT_EQ(responder_.BeepCount(), 2);
+    const Box overflow{"Ini File", kExclamation, "Overflow"};
+    EXPECT_EQ(Boxes(), (std::vector<Box>{{"The Dovrin Game", kExclamation,
+                                          IniFile() + " not found!\r\nLoading DOVRIN using defaults."},
+                                         overflow, overflow}));
+    EXPECT_EQ(responder_.BeepCount(), 3);
 }
 
 TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
@@ -92,11 +88,11 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
     form_.windowState = 2;
     gbSoundOn = gbAnimalsOn = true;
     glAnimSpeed = 80999;
-    form_.music = false;
+    form_.music = true;
     storage::Ini_Save(form_);
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=42\r\ndb_path=/games/data\r\nmaxform=1\r\nsoundon=TRUE\r\nanimspd=80\r\n"
-              "copylnk=FALSE\r\nanimals=TRUE\r\nmusicon=FALSE\r\n");
+              "copylnk=FALSE\r\nanimals=TRUE\r\nmusicon=TRUE\r\n");
 
     ResetGlobals();
     ResetForm();
@@ -105,7 +101,7 @@ TEST_F(SettingsFileTest, SaveWritesNineLinesWithCrLfOverWhatWasThere) {
     storage::Ini_Save(form_);
     EXPECT_EQ(ReadBytes(IniFile()),
               "[Options]\r\nuser_id=0\r\ndb_path=\r\nmaxform=0\r\nsoundon=FALSE\r\nanimspd=-1\r\n"
-              "copylnk=TRUE\r\nanimals=FALSE\r\nmusicon=TRUE\r\n");
+              "copylnk=TRUE\r\nanimals=FALSE\r\nmusicon=FALSE\r\n");
     EXPECT_TRUE(responder_.Events().empty());
 }
 
