@@ -1,5 +1,5 @@
-// The main form as a table: its seat panels, the flights, the repaint
-// protocol, the hover boxes, the keys, the net under its events, and the
+// The main form as a table: its seat panels, the flights, the felt under the
+// cards, the hover boxes, the keys, the net under its events, and the
 // celebration of a high score.
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
-#include <QScreen>
 #include <QSvgRenderer>
 #include <QTest>
 #include <QTimer>
@@ -65,44 +64,23 @@ protected:
     void Tick(int ticks) {
         for (int i = 0; i < ticks; ++i) ASSERT_TRUE(form->tmrSprites->Fire());
     }
-    // The high score's stage in lane 0's band of columns.
-    QImage LaneZeroBand() const { return form->picHighScore->hDC()->copy(0, 0, 212, 456); }
-    QRgb ScreenPixel(QPoint p) { return PixelAt(form->surface().ScreenImage(), p); }
-    QRgb RetainedPixel(QPoint p) { return PixelAt(form->surface().RetainedImage(), p); }
-    // What the window shows of a rectangle of the client area.
-    QImage WindowImage(const QRect& rect) {
-        const QPoint topLeft = Canvas()->mapTo(form.get(), rect.topLeft());
-        return form->screen()
-            ->grabWindow(form->winId(), topLeft.x(), topLeft.y(), rect.width(), rect.height())
-            .toImage()
-            .convertToFormat(QImage::Format_RGB32);
-    }
 };
 
 }  // namespace
 
 // The Ace of Hearts flies in from the left along the row of the pot: every
-// fifth pixel and once more on its place, drawn on the screen only, over the
-// pot's label but under the buttons.
-TEST_F(MainFormTest, AFlightDrawsOnTheScreenOnlyOverTheLabelsButUnderTheButtons) {
+// fifth pixel and once more on its place, drawn on the screen only.
+TEST_F(MainFormTest, AFlightDrawsEveryFifthPixelOnTheScreenOnly) {
     PaintCounter counter;
     Canvas()->installEventFilter(&counter);
     modGlobal::glAnimSpeed = 0;
     const QPoint inCard(432 + 35, 208 + 48);
-    const QRgb before = RetainedPixel(inCard);
+    const QRgb before = PixelAt(form->surface().RetainedImage(), inCard);
     form->SetAutoRedraw(false);
     form->PlayFromLeft(2);
     EXPECT_EQ(counter.paints, 87 + 1);  // X 0, 5 .. 430 and the final draw at 432
-    EXPECT_NE(ScreenPixel(inCard), before);
-    EXPECT_EQ(RetainedPixel(inCard), before);
-    EXPECT_NE(ScreenPixel({200, 256}), RetainedPixel({200, 256}));  // the trail
-
-    const QRect pot = form->lblPot->geometry();
-    EXPECT_EQ(WindowImage(pot), form->surface().ScreenImage().copy(pot).convertToFormat(QImage::Format_RGB32));
-    const QRect button = form->cmdUser->geometry().adjusted(4, 4, -4, -4);  // its rounded corners aside
-    const QImage buttonBefore = WindowImage(button);
-    form->surface().Draw(button, [&](QPainter& painter) { painter.fillRect(button, Qt::red); });
-    EXPECT_EQ(WindowImage(button), buttonBefore);
+    EXPECT_NE(PixelAt(form->surface().ScreenImage(), inCard), before);
+    EXPECT_EQ(PixelAt(form->surface().RetainedImage(), inCard), before);
 }
 
 // A long name shrinks to fit its plate, and stays as well placed on it as a
@@ -291,16 +269,14 @@ TEST_F(MainFormTest, TheRuleBookCoversTheTableUntilItIsClosedAndTheInformationEn
     EXPECT_FALSE(form->picHelp->isVisibleTo(form.get()));
 }
 
-// The celebration of a high score: the balloons' lanes tick by tick, and
-// the stage they leave clean behind them.
-TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas) {
+// The celebration of a high score: the balloons' lanes tick by tick. (The
+// stage they leave clean behind them: CelebrationZoomTest.)
+TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneStartsAgainWithTheNextFigure) {
     modGlobal::glRandomSeed = 12345;
     form->tmrSprites->SetEnabled(true);
     const auto& lane = form->maSprites;
 
-    Tick(1);  // the stage's picture is drawn; the lane starts below it
-    const QImage stage = LaneZeroBand();
-    EXPECT_NE(stage.pixel(100, 100), qRgb(0, 0, 0));
+    Tick(1);  // the lane starts below the stage
     EXPECT_EQ(std::pair(lane[0].Active, lane[0].Y), std::pair(true, 500));
     EXPECT_TRUE(lane[0].X >= 1 && lane[0].X <= 134) << lane[0].X;
     // Lane 1 starts once lane 0 is below 466, lane 2 once it is below 235.
@@ -311,13 +287,10 @@ TEST_F(MainFormTest, HighScoreLanesRiseInTurnAndAWipedLaneLeavesTheStageAsItWas)
         EXPECT_EQ(std::pair(lane[next].Active, lane[next].Y), std::pair(true, 500)) << "lane " << next;
     }
 
-    // Halfway up the figure stands on the stage; at -200 it is wiped, and the
-    // next tick starts the lane again at the bottom with the next figure.
-    Tick(30);
-    EXPECT_NE(LaneZeroBand(), stage);
-    Tick(141 - 85);
+    // At -200 the figure is wiped, and the next tick starts the lane again
+    // at the bottom with the next figure.
+    Tick(141 - 55);  // lane 0 stands at -200 after its 141st tick
     EXPECT_EQ(std::pair(lane[0].Y, lane[0].Fresh), std::pair(-200, true));
-    EXPECT_EQ(LaneZeroBand(), stage);
     const std::int32_t firstX = lane[0].X;
     Tick(1);
     EXPECT_EQ(std::tuple(lane[0].Y, lane[0].Kind, lane[0].Fresh), std::tuple(500, 1, false));

@@ -48,23 +48,6 @@ protected:
 
 }  // namespace
 
-// With the database's directory gone, the load switches to the program's
-// own file, and Exit at the first user form saves that in the settings.
-TEST_F(StartUpTest, ExitAtTheFirstUserFormEndsTheRunAndSavesTheSettingsWithTheFileSwitchedTo) {
-    SetDbPath(app_.Path() + "/gone");
-    auto* form = new FDovrin;
-    form->setAttribute(Qt::WA_DeleteOnClose);
-    QPointer<FDovrin> alive(form);
-    form->Form_Load();
-    AnswerUserForms(1);
-    form->show();  // the first activation follows
-    EXPECT_TRUE(QTest::qWaitFor([&] { return alive.isNull(); }, 5000));  // the main form is gone
-    EXPECT_EQ(userForms, 1);
-    const std::string settings = Settings();
-    EXPECT_NE(settings.find("user_id=0\r\n"), std::string::npos);
-    EXPECT_NE(settings.find("db_path=" + app_.Path() + "\r\n"), std::string::npos);
-}
-
 // A new user's game; New Game starts it again, but not while the fanfare
 // has locked the menus, their keys included, until the unload lifts the lock.
 TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgainUnlessTheMenusAreLocked) {
@@ -105,21 +88,27 @@ TEST_F(StartUpTest, ANewUserStartsAGameAndNewGameStartsItAgainUnlessTheMenusAreL
 
 // The database in use goes away while the program starts: the user form's
 // load finds it gone, the program's own file takes over, and the user form
-// comes once more.
-TEST_F(StartUpTest, ADatabaseLostBeforeTheFirstUserFormFallsBackToTheProgramsFile) {
+// comes once more. Exit there ends the run and saves that file in the
+// settings. (The load's own switch: DatabaseFileTest.TheStartUpCheck...)
+TEST_F(StartUpTest, ADatabaseLostBeforeTheFirstUserFormFallsBackToTheProgramsFileAndExitThereSavesIt) {
     TempDir elsewhere;
     Deliver("Lantern.mdb", elsewhere.Path());
     SetDbPath(elsewhere.Path());
-    FDovrin form;
-    form.Form_Load();
+    auto* form = new FDovrin;
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    QPointer<FDovrin> alive(form);
+    form->Form_Load();
     EXPECT_EQ(modGlobal::gsDbPath, elsewhere.Path());
     std::filesystem::remove(elsewhere.Path() + "/Lantern.mdb");
     AnswerUserForms(1);
-    form.Form_Activate();
+    form->show();  // the first activation follows
+    EXPECT_TRUE(QTest::qWaitFor([&] { return alive.isNull(); }, 5000));  // the main form is gone
     EXPECT_EQ(userForms, 1);  // the first one unloaded itself before it could be seen
     EXPECT_FALSE(modGlobal::gbDbFailed);
     EXPECT_TRUE(Boxes().empty());  // the switch is silent
-    EXPECT_NE(Settings().find("db_path=" + app_.Path() + "\r\n"), std::string::npos);
+    const std::string settings = Settings();
+    EXPECT_NE(settings.find("user_id=0\r\n"), std::string::npos);
+    EXPECT_NE(settings.find("db_path=" + app_.Path() + "\r\n"), std::string::npos);
 }
 
 TEST_F(StartUpTest, AMissingCardDeckEndsTheLoadWithAnEmptyMessage) {

@@ -42,6 +42,8 @@ TEST(TranslateStatement, TakesTheEnginesWordsAndLeavesLiteralsAlone) {
         EXPECT_EQ(TranslateStatement(statement, 45000.5), translated);
 }
 
+// (A wrong password and a file of another format, as the program meets them:
+// DatabaseFileTest.GetNextUserID...)
 TEST_F(DaoTest, OpenFailuresCarryTheEnginesNumbersAndDescriptions) {
     const std::string missing = dir_.File("missing.mdb"), gone = dir_.File("gone"), other = dir_.File("other.mdb");
     // A file of several pages, cut short or damaged inside its last page.
@@ -60,8 +62,6 @@ TEST_F(DaoTest, OpenFailuresCarryTheEnginesNumbersAndDescriptions) {
         {[&] { Open(false, gone + "/a.mdb"); },
          {3044, "'" + gone + "' isn't a valid path. Make sure that the path name is spelled correctly and that you "
                              "are connected to the server on which the file resides."}},
-        {[&] { Open(false, name_, ";pwd=wrong"); }, {3031, "Not a valid password."}},
-        {openOther("This is a letter.\r\n"), {3343, "Unrecognized database format '" + other + "'."}},
         {openOther(""), {3343, ""}},
         {openOther(whole.substr(0, whole.size() - 1024)), {3343, ""}},
         {openOther(damaged), {3343, ""}},
@@ -99,6 +99,8 @@ TEST_F(DaoTest, RowsChangeThroughADynasetOutlivingItsDatabaseAndThroughStatement
     EXPECT_NEAR(rows->Fields("born").Value().ToDouble(), before, 2.0 / 86400);
 }
 
+// (A missing table and a missing operator, as the user forms meet them:
+// FUserNameTest.AFailedOpen... and FGameOverTest.TheRecordIsAdded...)
 TEST_F(DaoTest, WhatTheEngineRefusesFailsWithItsNumberAndDescription) {
     auto db = Open();
     auto none = db->OpenRecordset("SELECT * FROM empty");
@@ -134,13 +136,8 @@ TEST_F(DaoTest, WhatTheEngineRefusesFailsWithItsNumberAndDescription) {
         {select("SELECT * FROM person WHERE name='' OR (SELECT x FROM other)"),
          {3033, "You don't have the necessary permissions to use the 'other' object."}},
         {select("SELECT * FROM sqlite_master"), {3033, ""}},
-        {select("SELECT * FROM nosuch"),
-         {3078, "The database engine cannot find the input table or query 'nosuch'. Make sure it exists and that "
-                "its name is spelled correctly."}},
         {select("SELECT nosuch FROM person"), {3061, "Too few parameters. Expected 1."}},
         {execute("DELETE FROM person WHERE id = ? OR name = :name"), {3061, "Too few parameters. Expected 2."}},
-        {select("SELECT * FROM person WHERE id = = 1 ORDER BY id"),
-         {3075, "Syntax error (missing operator) in query expression 'id = = 1'."}},
         {select("SELECT * FRM person"), {3141, ""}},
         {execute("INSERT INTO person VALUES ("), {3134, "Syntax error in INSERT INTO statement."}},
         {execute("INSERT INTO person (id) VALUES (1, 2)"), {3346, ""}},

@@ -76,22 +76,18 @@ TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAtOnceAndAnExposeRefreshOrCls
     EXPECT_EQ(form.Retained(5, 5), kBack);
 }
 
-TEST(CardLibrary, DrawsEachFaceOfTheStandardDeckAtItsPositionAndNothingOnceTheDeckIsMissing) {
+// Where a face lands and what it covers: ZoomSurfaceTest's table surface.
+TEST(CardLibrary, NamesEachFaceOfTheStandardDeckAndDrawsNothingForNoCardOrOnceTheDeckIsMissing) {
     EXPECT_EQ(platform::CardElementId(41), "jack_diamond");
     QSvgRenderer deck(QStringLiteral("/usr/share/carddecks/svg-standard/standard.svgz"));
     for (int card = 0; card < 52; ++card) EXPECT_TRUE(deck.elementExists(platform::CardElementId(card))) << card;
 
     platform::FormSurface surface(nullptr, QSize(200, 150), kBack);
-    const QImage& drawn = surface.RetainedImage();
     std::int32_t width = 0, height = 0;
     ASSERT_NE(platform::cdtInit(width, height), 0);
     for (const auto& [card, mode] : {std::pair{52, 0}, {-1, 0}, {0, 1}})
         EXPECT_EQ(platform::cdtDraw(surface, 0, 0, card, mode, 0), 0) << card << " " << mode;
     EXPECT_NE(platform::cdtDraw(surface, 20, 30, 51, 0, 0), 0);
-    EXPECT_EQ(At(drawn, 20 + width / 2, 30 + 2), QColor(Qt::white));  // the face's top edge
-    EXPECT_EQ(At(drawn, 20 + width, 60), kBack);
-    EXPECT_EQ(At(drawn, 50, 30 + height), kBack);
-    EXPECT_EQ(At(drawn, 10, 10), kBack);
 
     // The faces already loaded go with a deck that can't be.
     platform::SetCardDeckFile(QStringLiteral("/nonexistent/deck.svgz"));

@@ -115,27 +115,22 @@ TEST_F(AudioDeviceTest, AnEffectReturnsOnceItsWaveHasGoneToTheDeviceAndKeysSound
               std::vector<float>(owl->begin() + owlAudible.front(), owl->begin() + owlAudible.back() + 1));
 }
 
-TEST_F(AudioDeviceTest, AFileSoundIsStoppedByTheNextAndByAPurge) {
+// The program's one file sound is heard till a purge stops it. (A looped
+// file sound, which the program never plays, isn't looked at.)
+TEST_F(AudioDeviceTest, AFileSoundIsHeardTillAPurgeStopsIt) {
     modGlobal::gbSoundOn = true;
-    constexpr float kLoud = 16000 / 32768.0f, kSoft = 4000 / 32768.0f;
-    const std::string loud = WriteFile("loud.wav", test_sounds::ToneWave(300, 200, 16000));
+    constexpr float kSoft = 4000 / 32768.0f;
     platform::SetAppPath(dir.Path());
     WriteFile("PCluck.wav", test_sounds::ToneWave(300, 5000, 4000));
     EXPECT_EQ(platform::PlaySoundA(dir.File("missing.wav").c_str(), nullptr, platform::SND_ASYNC), 0);
 
     const std::size_t start = output.Frames();
-    ASSERT_EQ(platform::PlaySoundA(loud.c_str(), nullptr, platform::SND_ASYNC | platform::SND_LOOP), 1);
-    // The loop goes on past its own length until the next sound replaces it.
-    const std::size_t loopHeard = WaitForLevel(start, kLoud);
-    EXPECT_LT(WaitForLevel(loopHeard + kRate / 5, kLoud), loopHeard + kRate / 5 + kRate / 100);
-    modSoundLib::PlaySoundFile("PENGUINSOUNDS", false, false);  // returns at once
-    const std::size_t penguinsHeard = WaitForLevel(loopHeard, kSoft);
+    modSoundLib::PlaySoundFile("PENGUINSOUNDS", false, false);
+    const std::size_t penguinsHeard = WaitForLevel(start, kSoft);
     modSoundLib::StopSounds();
     const std::size_t stopped = output.Frames();
 
-    const std::vector<float> after = output.From(penguinsHeard, stopped - penguinsHeard + kRate / 4);
-    const auto audible = AudibleFrames(after);
-    for (float sample : after) ASSERT_LT(std::fabs(sample), kLoud / 2);  // the loop is gone
+    const auto audible = AudibleFrames(output.From(penguinsHeard, stopped - penguinsHeard + kRate / 4));
     ASSERT_FALSE(audible.empty());
     EXPECT_LE(penguinsHeard + audible.back(), stopped + 4 * kBuffer);  // and the penguins stop
 }
@@ -166,11 +161,6 @@ TEST_F(AudioDeviceTest, ATuneIsHeardAndStaysAtItsLengthAndWhatCantBePlayedIsAnEr
     EXPECT_EQ(Position(), 500);
     EXPECT_EQ(Send("Close MIDIfile"), 0u);
     EXPECT_EQ(Send("Close MIDIfile"), platform::MCIERR_INVALID_DEVICE_NAME);
-
-    // A number the device has no text for gets none (the known ones reach
-    // the error log: music_failure_test).
-    char buffer[129];
-    EXPECT_EQ(platform::mciGetErrorStringA(12345, buffer, 128), 0);
 }
 
 // A tune longer than a 16-bit count of milliseconds: its length reads 0, and

@@ -35,11 +35,6 @@ TEST(FAnimate, ASpeedOffTheBarIsRefusedTheBarMovesTheWayTheUserPointsResetMovesO
         QTest::keyClick(bar, key);
         EXPECT_EQ(bar->value(), value) << QKeySequence(key).toString().toStdString();
     }
-    bar->setValue(40);
-    QTest::mousePress(bar, Qt::LeftButton, {}, {width / 2, y});
-    QTest::mouseMove(bar, {0, y});
-    QTest::mouseRelease(bar, Qt::LeftButton, {}, {0, y});
-    EXPECT_EQ(bar->value(), 80);
 
     bar->setValue(10);
     form->cmdAnim[0]->click();
