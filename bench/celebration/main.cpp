@@ -2,7 +2,8 @@
 // own process: one tick of the balloons with all three lanes rising (the
 // handler alone, and with the paint of the stage it asks for), then the
 // processor use of a whole celebration with its tune. Run it on a real
-// display (Xvfb) with a program directory of delivered files as its argument.
+// display (Xvfb) with a program directory of delivered files as its argument,
+// and `--zoom 200` after it for another zoom than 100 %.
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +16,8 @@
 #include "bench_program.h"
 #include "bench_timing.h"
 #include "platform/display/picture_box.h"
+#include "platform/display/pictures.h"
+#include "platform/display/zoom.h"
 #include "shell/f_dovrin.h"
 #include "sound/mod_global_music.h"
 #include "users/f_user_name.h"
@@ -30,6 +33,8 @@ void Report(const char* what, int runs, const std::function<void()>& run) {
 }
 
 void Measure(FDovrin& form) {
+    std::printf("zoom %d %%, pixel ratio %.2f, the stage's %.0f\n", platform::ZoomPercent(),
+                platform::DisplayPixelRatio(), platform::BlitPixelRatio());
     form.picHighScore->show();
     form.picHighScore->raise();
     for (int tick = 0; tick < 60; ++tick) form.tmrSprites_Timer();  // until the third lane rises
@@ -84,6 +89,13 @@ private:
 int main(int argc, char** argv) {
     if (!UseProgramDirectory(argc, argv)) return 2;
     QApplication app(argc, argv);
+    QString error;
+    const auto zoom = platform::ZoomArgument(QCoreApplication::arguments(), error);
+    if (!error.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(error));
+        return 2;
+    }
+    platform::StartZoom(zoom.value_or(platform::ZoomChoice{false, 100}), FDovrin::DesignSize());
     auto* form = new FDovrin;
     Driver driver(*form);
     app.installEventFilter(&driver);

@@ -24,6 +24,7 @@ constexpr int kFormHeight = 5025;
 constexpr QSize kStagePicture{393, 273};
 constexpr QSize kStageShown{365, 249};
 constexpr QSize kPanel{50, 60};
+constexpr QSize kLargeView{133, 145};
 constexpr int kPanelFrameWidth = 54;
 constexpr int kFramesPerPass = 8;
 // How many passes each state of the clock lasts, states 1 to 6.
@@ -31,25 +32,23 @@ constexpr std::array<std::int16_t, 7> kPasses = {0, 4, 2, 2, 2, 4, 6};
 constexpr std::array<QPoint, 2> kLargeFigure = {QPoint(0, 104), QPoint(232, 104)};
 
 QImage Art(const QString& name, QSize size) {
-    return platform::LoadArtPicture(QStringLiteral("scene/") + name, size).toImage();
+    return platform::LoadArtImage(QStringLiteral("scene/") + name, size);
 }
 
-PictureBox* HiddenBox(QWidget* form, QSize size, const QImage& picture = QImage()) {
+PictureBox* HiddenBox(QWidget* form, QSize size) {
     auto* box = new PictureBox(form, size);
-    if (!picture.isNull()) box->SetPicture(picture);
     box->hide();
     return box;
 }
 
-// A figure and its mask, drawn from one picture and cut to a part of it.
-struct Figure {
-    PictureBox* figure;
-    PictureBox* mask;
-};
-Figure HiddenFigure(QWidget* form, const QString& name, QSize size, QRect part = QRect()) {
-    const platform::SpriteImages art = platform::LoadSpriteImages(QStringLiteral("scene/") + name, size);
-    if (part.isNull()) part = QRect(QPoint(0, 0), size);
-    return {HiddenBox(form, part.size(), art.figure.copy(part)), HiddenBox(form, part.size(), art.mask.copy(part))};
+platform::SpriteImages Sprite(const QString& name, QSize size) {
+    return platform::LoadSpriteImages(QStringLiteral("scene/") + name, size);
+}
+
+// A part of a figure's picture, given in logical pixels.
+QImage Part(const QImage& picture, QRect part) {
+    const qreal ratio = picture.devicePixelRatio();
+    return picture.copy(QRect(part.topLeft() * ratio, part.size() * ratio));
 }
 
 }  // namespace
@@ -64,7 +63,7 @@ FWantMore::FWantMore(QWidget* parent) : platform::ArtDialog(parent, kFormWidth, 
     cmdVisitWebPage = new QPushButton(this);
     cmdVisitWebPage->setGeometry(platform::TwipsRect(1320, 4080, 2775, 375));
     const QSize visitPicture(177, 24);
-    cmdVisitWebPage->setIcon(QIcon(platform::LoadArtPicture(QStringLiteral("scene/visit_button"), visitPicture)));
+    cmdVisitWebPage->setIcon(platform::ArtIcon(QStringLiteral("scene/visit_button")));
     cmdVisitWebPage->setIconSize(visitPicture);
     cmdVisitWebPage->setAutoDefault(false);
     connect(cmdVisitWebPage, &QPushButton::clicked, this, &FWantMore::cmdVisitWebPage_Click);
@@ -86,64 +85,99 @@ FWantMore::FWantMore(QWidget* parent) : platform::ArtDialog(parent, kFormWidth, 
 
 void FWantMore::CreatePictures() {
     picForm = new PictureBox(this, kStagePicture);
-    stageGround = Art(QStringLiteral("stage"), kStagePicture);
-    picForm->SetPicture(stageGround);
     picForm->setGeometry(QRect(QPoint(0, 0), kStageShown));
-
-    const Figure ufo = HiddenFigure(this, QStringLiteral("ufo"), QSize(333, 31));
-    picUFO = ufo.figure;
-    // One mask serves every frame: the first frame's outline.
-    picUFOMask = HiddenBox(this, QSize(47, 31), ufo.mask->hDC()->copy(0, 0, 47, 31));
-    delete ufo.mask;
-    const Figure ray = HiddenFigure(this, QStringLiteral("ray"), QSize(148, 200));
-    picRay = ray.figure;
-    picRay_Msk = ray.mask;
+    picUFO = HiddenBox(this, QSize(333, 31));
+    picUFOMask = HiddenBox(this, QSize(47, 31));
+    picRay = HiddenBox(this, QSize(148, 200));
+    picRay_Msk = HiddenBox(this, QSize(148, 200));
     picRay_WA = HiddenBox(this, QSize(148, 200));
     picRay_BG = HiddenBox(this, QSize(148, 200));
-    const Figure captive = HiddenFigure(this, QStringLiteral("captive"), QSize(20, 30));
-    picCaptive = captive.figure;
-    picCaptiveMsk = captive.mask;
-    picCaptiveBG = HiddenBox(this, QSize(34, 55), Art(QStringLiteral("captive_ground"), QSize(34, 55)));
+    picCaptive = HiddenBox(this, QSize(20, 30));
+    picCaptiveMsk = HiddenBox(this, QSize(20, 30));
+    picCaptiveBG = HiddenBox(this, QSize(34, 55));
     picCaptiveWA = HiddenBox(this, QSize(36, 54));
-    const Figure plane = HiddenFigure(this, QStringLiteral("plane"), QSize(512, 38));
-    picPlaneSpr = plane.figure;
-    picPlaneMsk = plane.mask;
-    const Figure sign = HiddenFigure(this, QStringLiteral("air_sign"), QSize(179, 38));
-    picAirSignSpr = sign.figure;
-    picAirSignMsk = sign.mask;
+    picPlaneSpr = HiddenBox(this, QSize(512, 38));
+    picPlaneMsk = HiddenBox(this, QSize(512, 38));
+    picAirSignSpr = HiddenBox(this, QSize(179, 38));
+    picAirSignMsk = HiddenBox(this, QSize(179, 38));
     picAirSignWA = HiddenBox(this, QSize(288, 41));
     picAirSignBG = HiddenBox(this, QSize(288, 41));
-
-    const std::array<const char*, 2> smallNames = {"small_right", "small_left"};
     for (int way = 0; way < 2; ++way) {
-        const Figure small = HiddenFigure(this, QString::fromUtf8(smallNames[way]), QSize(39, 104));
-        picSmSprite[way] = small.figure;
-        picSmMask[way] = small.mask;
+        picSmSprite[way] = HiddenBox(this, QSize(39, 104));
+        picSmMask[way] = HiddenBox(this, QSize(39, 104));
     }
     picSmWorkArea = HiddenBox(this, QSize(63, 120));
     picSmBackGround = HiddenBox(this, QSize(63, 120));
-
-    // Each side's picture holds both views, the second at 133.
-    const std::array<const char*, 2> largeNames = {"large_left", "large_right"};
     for (int side = 0; side < 2; ++side) {
-        const QString name = QString::fromUtf8(largeNames[side]);
-        const Figure first = HiddenFigure(this, name, QSize(266, 145), QRect(0, 0, 133, 145));
-        const Figure second = HiddenFigure(this, name, QSize(266, 145), QRect(133, 0, 133, 145));
-        picSprite[side] = first.figure;
-        picMask[side] = first.mask;
-        picSprite[side + 2] = second.figure;
-        delete second.mask;  // the two views share one outline
+        picSprite[side] = HiddenBox(this, kLargeView);
+        picMask[side] = HiddenBox(this, kLargeView);
+        picSprite[side + 2] = HiddenBox(this, kLargeView);
     }
     picWorkArea = HiddenBox(this, QSize(137, 149));
     picBackGround = HiddenBox(this, QSize(137, 149));
-    picHidden = HiddenBox(this, QSize(433, 61), Art(QStringLiteral("panels"), QSize(433, 61)));
-
+    picHidden = HiddenBox(this, QSize(433, 61));
     picDest = new PictureBox(this, kPanel);
-    picDest->SetPicture(Art(QStringLiteral("panel_left"), kPanel));
-    picDest->setGeometry(QRect(platform::TwipsRect(240, 3720, 0, 0).topLeft(), kPanel));
+    picDest->move(platform::TwipsRect(240, 3720, 0, 0).topLeft());
     picDest2 = new PictureBox(this, kPanel);
+    picDest2->move(platform::TwipsRect(4440, 3720, 0, 0).topLeft());
+    DrawPictures();
+}
+
+void FWantMore::DrawPictures() {
+    picturesRatio_ = platform::BlitPixelRatio();
+    picForm->SetPicture(Art(QStringLiteral("stage"), kStagePicture));
+    stageGround = *picForm->hDC();
+
+    const platform::SpriteImages ufo = Sprite(QStringLiteral("ufo"), QSize(333, 31));
+    picUFO->SetPicture(ufo.figure);
+    // One mask serves every frame: the first frame's outline.
+    picUFOMask->SetPicture(Part(ufo.mask, QRect(0, 0, 47, 31)));
+    const platform::SpriteImages ray = Sprite(QStringLiteral("ray"), QSize(148, 200));
+    picRay->SetPicture(ray.figure);
+    picRay_Msk->SetPicture(ray.mask);
+    const platform::SpriteImages captive = Sprite(QStringLiteral("captive"), QSize(20, 30));
+    picCaptive->SetPicture(captive.figure);
+    picCaptiveMsk->SetPicture(captive.mask);
+    picCaptiveBG->SetPicture(Art(QStringLiteral("captive_ground"), QSize(34, 55)));
+    const platform::SpriteImages plane = Sprite(QStringLiteral("plane"), QSize(512, 38));
+    picPlaneSpr->SetPicture(plane.figure);
+    picPlaneMsk->SetPicture(plane.mask);
+    const platform::SpriteImages sign = Sprite(QStringLiteral("air_sign"), QSize(179, 38));
+    picAirSignSpr->SetPicture(sign.figure);
+    picAirSignMsk->SetPicture(sign.mask);
+
+    const std::array<const char*, 2> smallNames = {"small_right", "small_left"};
+    for (int way = 0; way < 2; ++way) {
+        const platform::SpriteImages small = Sprite(QString::fromUtf8(smallNames[way]), QSize(39, 104));
+        picSmSprite[way]->SetPicture(small.figure);
+        picSmMask[way]->SetPicture(small.mask);
+    }
+    // Each side's picture holds both views, the second at 133; the two
+    // views share one outline.
+    const std::array<const char*, 2> largeNames = {"large_left", "large_right"};
+    for (int side = 0; side < 2; ++side) {
+        const platform::SpriteImages large = Sprite(QString::fromUtf8(largeNames[side]), QSize(266, 145));
+        const QRect first(QPoint(0, 0), kLargeView);
+        picSprite[side]->SetPicture(Part(large.figure, first));
+        picMask[side]->SetPicture(Part(large.mask, first));
+        picSprite[side + 2]->SetPicture(Part(large.figure, first.translated(kLargeView.width(), 0)));
+    }
+    picHidden->SetPicture(Art(QStringLiteral("panels"), QSize(433, 61)));
+    picDest->SetPicture(Art(QStringLiteral("panel_left"), kPanel));
     picDest2->SetPicture(Art(QStringLiteral("panel_right"), kPanel));
-    picDest2->setGeometry(QRect(platform::TwipsRect(4440, 3720, 0, 0).topLeft(), kPanel));
+}
+
+// The pictures at the new pixel ratio, and the scene from its start: the
+// stage's and the panels' own pictures, the script at its first tick. A
+// scene standing still stays still.
+void FWantMore::ZoomChanged() {
+    platform::ArtDialog::ZoomChanged();
+    if (platform::BlitPixelRatio() == picturesRatio_) return;
+    DrawPictures();
+    scene = Scene{};
+    tmrUFO->SetEnabled(false);
+    smTimer->SetEnabled(tmrAnim->Enabled());
+    for (PictureBox* shown : {picForm, picDest, picDest2}) shown->Refresh();
 }
 
 void FWantMore::Form_Load() {

@@ -111,8 +111,14 @@ public:
     // frame's close box all end in done().
     void done(int result) override;
 
+    // After a change of zoom the scene starts again from its first picture,
+    // drawn at the new pixel ratio.
+    void ZoomChanged() override;
+
 private:
     void CreatePictures();
+    // The pictures of the boxes, at the boxes' pixel ratio.
+    void DrawPictures();
     void Form_Load();
     void Form_QueryUnload();
     // The four timers off and the tune stopped.
@@ -126,4 +132,5 @@ private:
     void MovePlaneFrame();
 
     QImage stageGround;  // the stage's own picture, without a figure
+    qreal picturesRatio_ = 0;  // the pixel ratio the pictures are drawn at
 };

@@ -93,9 +93,7 @@ void FDovrin::CreateHelpPanel() {
     for (int suit = 0; suit < 4; ++suit) {
         auto* icon = new QLabel(picHelp);
         icon->setGeometry(TwipsRect(2760 + suit * 480, 300, 360, 360));
-        icon->setPixmap(platform::LoadResPicture(100 + suit, platform::vbResIcon)
-                            .scaled(icon->size() * platform::DisplayPixelRatio(), Qt::KeepAspectRatio,
-                                    Qt::SmoothTransformation));
+        icon->setPixmap(platform::LoadResPicture(100 + suit, platform::vbResIcon, icon->size()));
         imgHelp.push_back(icon);
     }
     cmdHelp = new QPushButton(QStringLiteral("&Close"), picHelp);

@@ -2,7 +2,12 @@
 // three balloons rise over it in three lanes, one after another, again and
 // again. Each lane keeps the stage's clean background under its figure on a
 // surface of its own, so that the stage itself is touched by one blit a
-// lane a tick and never flickers.
+// lane a tick and never flickers. After a change of zoom the pictures are
+// drawn again at the new pixel ratio and the balloons go on from where they
+// stand.
+#include <functional>
+#include <utility>
+
 #include <QLabel>
 
 #include "engine/mod_global.h"
@@ -39,6 +44,18 @@ constexpr std::array<Band, 3> kBands = {{{1, 134}, {212, 346}, {425, 560}}};
 // A lane starts once lane 0 has risen past its line; lane 0 at once.
 constexpr std::array<std::int32_t, 3> kStartBelow = {0, 466, 233};
 
+// Calls back after a change of zoom, once the picture boxes have followed
+// it; it lives as long as the form that owns it.
+class OnZoomChanged : public QObject, public platform::ZoomFollower {
+public:
+    OnZoomChanged(QObject* owner, std::function<void()> changed)
+        : QObject(owner), ZoomFollower(Stage::Form), changed_(std::move(changed)) {}
+    void ZoomChanged() override { changed_(); }
+
+private:
+    std::function<void()> changed_;
+};
+
 }  // namespace
 
 void FDovrin::CreateSprites() {
@@ -66,6 +83,31 @@ void FDovrin::CreateSprites() {
     tmrHighScore->SetEnabled(false);
     tmrHighScore->SetInterval(5000);
     connect(tmrHighScore, &platform::PlatformTimer::Timer, this, &FDovrin::tmrHighScore_Timer);
+
+    // Pictures not drawn yet are drawn at the new ratio when first needed.
+    new OnZoomChanged(this, [this] {
+        if (!spriteArtLoaded_) return;
+        spriteArtLoaded_ = false;
+        LoadSpriteArt();
+        // The new stage is bare: each balloon on its way is put back where it
+        // stands, over the ground the new stage has there, which its lane
+        // keeps for the next tick as DrawLane does.
+        for (int lane = 0; lane < 3; ++lane) {
+            const SpriteRecord& sprite = maSprites[lane];
+            if (!sprite.Active || sprite.Fresh) continue;
+            const int kind = sprite.Kind;
+            const int width = picSprite[kind]->Width();
+            const int height = picSprite[kind]->Height();
+            QImage* work = picWorkArea[lane]->hDC();
+            QImage* ground = picBackground[lane]->hDC();
+            BitBlt(ground, 0, 0, width, height, picHighScore->hDC(), sprite.X, sprite.Y, SRCCOPY);
+            BitBlt(work, 0, 0, width, height, ground, 0, 0, SRCCOPY);
+            BitBlt(work, 0, 0, width, height, picMask[kind]->hDC(), 0, 0, SRCAND);
+            BitBlt(work, 0, 0, width, height, picSprite[kind]->hDC(), 0, 0, SRCPAINT);
+            BitBlt(picHighScore->hDC(), sprite.X, sprite.Y, width, height, work, 0, 0, SRCCOPY);
+        }
+        picHighScore->Refresh();
+    });
 }
 
 // The celebration's pictures are drawn the first time they are needed: a
@@ -73,7 +115,7 @@ void FDovrin::CreateSprites() {
 void FDovrin::LoadSpriteArt() {
     if (spriteArtLoaded_) return;
     spriteArtLoaded_ = true;
-    picHighScore->SetPicture(platform::LoadArtPicture(QStringLiteral("high_score"), kStage).toImage());
+    picHighScore->SetPicture(platform::LoadArtImage(QStringLiteral("high_score"), kStage));
     for (int kind = 0; kind < 3; ++kind) {
         const platform::SpriteImages art =
             platform::LoadSpriteImages(QStringLiteral("balloon_%1").arg(kind), kSpriteSizes[kind]);

@@ -38,7 +38,7 @@ constexpr HelpVariant kVariants[] = {
 
 }  // namespace
 
-FHelp::FHelp(QWidget* parent) : QDialog(parent) {
+FHelp::FHelp(QWidget* parent) : QDialog(parent), platform::ZoomFollower(Stage::Form) {
     setWindowTitle(QStringLiteral("Choosing a Player Name"));
     platform::UseDesignFont(*this);
     setFixedSize(TwipsToPixels(kDesignWidth), TwipsToPixels(kDesignHeight));
@@ -65,6 +65,11 @@ void FHelp::Form_Load() {
 void FHelp::cmdOK_Click() {
     modSoundLib::PlayEffect("BUTTONCLICK");
     close();
+}
+
+void FHelp::ZoomChanged() {
+    picture_ = platform::RenderedAgain(picture_);
+    update();
 }
 
 void FHelp::paintEvent(QPaintEvent*) {

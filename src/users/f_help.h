@@ -6,15 +6,20 @@
 #include <QDialog>
 #include <QPixmap>
 
+#include "platform/display/zoom.h"
+
 class QPushButton;
 
-class FHelp : public QDialog {
+class FHelp : public QDialog, public platform::ZoomFollower {
     Q_OBJECT
 public:
     explicit FHelp(QWidget* parent = nullptr);
 
     QPushButton* cmdOK;
     QPushButton* cmdOK2;
+
+    // The picture drawn again at the new pixel ratio.
+    void ZoomChanged() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

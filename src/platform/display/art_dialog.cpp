@@ -38,13 +38,19 @@ ArtDialog::ArtDialog(QWidget* parent, const QString& pictureName, int widthTwips
     picture_ = LoadArtPicture(pictureName, size());
 }
 
-ArtDialog::ArtDialog(QWidget* parent, int widthTwips, int heightTwips) : QDialog(parent) {
+ArtDialog::ArtDialog(QWidget* parent, int widthTwips, int heightTwips)
+    : QDialog(parent), ZoomFollower(Stage::Form) {
     UseDesignFont(*this);
     setFixedSize(TwipsToPixels(widthTwips), TwipsToPixels(heightTwips));
 }
 
 void ArtDialog::SetFormPicture(const QPixmap& picture) {
     picture_ = picture;
+    update();
+}
+
+void ArtDialog::ZoomChanged() {
+    picture_ = RenderedAgain(picture_);
     update();
 }
 

@@ -7,6 +7,8 @@
 #include <QDialog>
 #include <QPixmap>
 
+#include "platform/display/zoom.h"
+
 class QAbstractButton;
 
 namespace platform {
@@ -16,12 +18,15 @@ namespace platform {
 // dialog would otherwise reject itself without a word from its buttons.
 void SetCancelButton(QDialog& form, QAbstractButton* cancel);
 
-class ArtDialog : public QDialog {
+class ArtDialog : public QDialog, public ZoomFollower {
 public:
     ArtDialog(QWidget* parent, const QString& pictureName, int widthTwips, int heightTwips);
     ArtDialog(QWidget* parent, int widthTwips, int heightTwips);
 
     void SetFormPicture(const QPixmap& picture);
+
+    // The picture drawn again at the new pixel ratio.
+    void ZoomChanged() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

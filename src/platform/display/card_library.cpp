@@ -18,9 +18,11 @@ constexpr int kCardHeight = 96;
 // The build names the deck (the cache variable DOVRIN_CARD_DECK).
 constexpr char kStandardDeck[] = DOVRIN_CARD_DECK;
 
-// The library's own state, as a loaded library keeps it.
+// The library's own state, as a loaded library keeps it: the faces of one
+// pixel ratio, drawn again from the deck when a surface of another asks.
 struct CardCache {
     QString deckFile = QString::fromLatin1(kStandardDeck);
+    qreal ratio = 0;
     std::array<QImage, 52> faces;
     bool loaded = false;
 };
@@ -54,6 +56,36 @@ void PaintPlaceholder(QPainter& painter, const QString& elementId) {
     painter.drawText(card.adjusted(2, 2, -2, -2), Qt::AlignHCenter | Qt::AlignTop, elementId);
 }
 
+// The 52 faces at a pixel ratio; false, the faces left as they were, when
+// the deck can't be read.
+bool RenderFaces(CardCache& cache, qreal ratio) {
+    QSvgRenderer deck(cache.deckFile);
+    if (!deck.isValid()) return false;
+    for (int card = 0; card < 52; ++card) {
+        const QString id = CardElementId(card);
+        QImage face = BlankFace(ratio);
+        QPainter painter(&face);
+        if (deck.elementExists(id))
+            deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));
+        else
+            PaintPlaceholder(painter, id);
+        painter.end();
+        cache.faces[card] = face;
+    }
+    cache.ratio = ratio;
+    return true;
+}
+
+// The face of a card for a surface of this pixel ratio; none once the
+// library has let go of its faces. A deck gone since cdtInit leaves the
+// faces it gave, drawn scaled.
+const QImage* Face(int card, qreal ratio) {
+    CardCache& cache = Cache();
+    if (!cache.loaded) return nullptr;
+    if (ratio != cache.ratio && !RenderFaces(cache, ratio)) cache.ratio = ratio;
+    return &cache.faces[card];
+}
+
 }  // namespace
 
 QString CardElementId(int card) {
@@ -70,38 +102,27 @@ void SetCardDeckFile(const QString& path) {
 int cdtInit(std::int32_t& width, std::int32_t& height) {
     CardCache& cache = Cache();
     cache.loaded = false;
-    QSvgRenderer deck(cache.deckFile);
-    if (!deck.isValid()) return 0;
-    const qreal ratio = DisplayPixelRatio();
-    for (int card = 0; card < 52; ++card) {
-        const QString id = CardElementId(card);
-        QImage face = BlankFace(ratio);
-        QPainter painter(&face);
-        if (deck.elementExists(id))
-            deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));
-        else
-            PaintPlaceholder(painter, id);
-        painter.end();
-        cache.faces[card] = face;
-    }
+    if (!RenderFaces(cache, DisplayPixelRatio())) return 0;
     cache.loaded = true;
     width = kCardWidth;
     height = kCardHeight;
     return 1;
 }
 
+// The drawing names the card, not its face: it is drawn again after a change
+// of zoom with the face of the new ratio.
 int cdtDraw(FormSurface& hdc, int x, int y, int card, int mode, std::int32_t /*colour*/) {
-    const CardCache& cache = Cache();
-    if (!cache.loaded || mode != 0 || card < 0 || card > 51) return 0;
-    const QImage& face = cache.faces[card];
-    hdc.Draw(QRect(x, y, kCardWidth, kCardHeight),
-             [&](QPainter& painter) { painter.drawImage(x, y, face); });
+    if (!Cache().loaded || mode != 0 || card < 0 || card > 51) return 0;
+    hdc.Draw(QRect(x, y, kCardWidth, kCardHeight), [x, y, card](QPainter& painter) {
+        if (const QImage* face = Face(card, painter.device()->devicePixelRatio())) painter.drawImage(x, y, *face);
+    });
     return 1;
 }
 
 void cdtTerm() {
     CardCache& cache = Cache();
     cache.faces = {};
+    cache.ratio = 0;
     cache.loaded = false;
 }
 

@@ -1,5 +1,6 @@
-// The card library: the 52 faces of an SVG deck, rendered once into a cache
-// at the screen's pixel ratio and drawn at 71 x 96 logical pixels.
+// The card library: the 52 faces of an SVG deck, rendered into a cache at
+// the pixel ratio of the surface they are drawn on (again after a change of
+// zoom) and drawn at 71 x 96 logical pixels.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,7 @@
 #include "platform/display/form_surface.h"
 
+#include <cstring>
+
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -15,10 +17,20 @@ QImage BlankImage(QSize size, qreal pixelRatio, QImage::Format format = QImage::
     return image;
 }
 
+// One image's pixels onto another of the same size, into its own memory.
+void CopyPixels(QImage& to, const QImage& from) {
+    if (to.size() != from.size() || to.format() != from.format()) {
+        to = from.copy();
+        return;
+    }
+    std::memcpy(to.bits(), from.constBits(), static_cast<std::size_t>(from.sizeInBytes()));
+}
+
 }  // namespace
 
 FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
-    : form_(form),
+    : ZoomFollower(Stage::Surface),
+      form_(form),
       clientRect_(QPoint(0, 0), clientSize),
       backColor_(backColor),
       retained_(BlankImage(clientSize, DisplayPixelRatio())),
@@ -29,27 +41,53 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
 
 void FormSurface::SetPicture(const QPixmap& picture) {
     picture_ = picture;
+    ground_ = QImage();
     Cls();
 }
 
 void FormSurface::Cls() {
-    retained_.fill(backColor_);
-    if (!picture_.isNull()) {
-        QPainter painter(&retained_);
-        painter.drawPixmap(0, 0, picture_);
+    kept_.clear();
+    DrawGround();
+    if (form_) form_->update();
+}
+
+void FormSurface::DrawGround() {
+    if (ground_.isNull()) {
+        ground_ = BlankImage(clientRect_.size(), retained_.devicePixelRatio());
+        ground_.fill(backColor_);
+        if (!picture_.isNull()) {
+            QPainter painter(&ground_);
+            painter.drawPixmap(0, 0, picture_);
+        }
     }
-    screen_ = retained_.copy();
+    CopyPixels(retained_, ground_);
+    screenIsRetained_ = true;
+    screenSynced_ = false;
     if (!overDirty_.isEmpty()) overControls_.fill(Qt::transparent);
     overDirty_ = QRect();
-    if (form_) form_->update();
+}
+
+void FormSurface::SyncScreen() const {
+    if (!screenIsRetained_ || screenSynced_) return;
+    CopyPixels(screen_, retained_);
+    screenSynced_ = true;
+}
+
+const QImage& FormSurface::ScreenImage() const {
+    SyncScreen();
+    return screen_;
 }
 
 void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& paint) {
     if (autoRedraw_) {
         QPainter retained(&retained_);
         paint(retained);
+        kept_.push_back(paint);
+        screenSynced_ = false;
     }
-    {
+    if (!autoRedraw_ || !screenIsRetained_) {
+        SyncScreen();
+        screenIsRetained_ = false;
         QPainter screen(&screen_);
         paint(screen);
     }
@@ -65,6 +103,27 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
         RepaintNow(area);
 }
 
+void FormSurface::ZoomChanged() {
+    const qreal ratio = DisplayPixelRatio();
+    if (ratio == retained_.devicePixelRatio()) return;
+    picture_ = RenderedAgain(picture_);
+    const QSize size = clientRect_.size();
+    ground_ = QImage();
+    retained_ = BlankImage(size, ratio);
+    screen_ = BlankImage(size, ratio);
+    overControls_ = BlankImage(size, ratio, QImage::Format_ARGB32_Premultiplied);
+    overControls_.fill(Qt::transparent);
+    DrawGround();
+    QPainter painter(&retained_);
+    for (const auto& paint : kept_) {
+        painter.save();
+        paint(painter);
+        painter.restore();
+    }
+    painter.end();
+    if (form_) form_->update();
+}
+
 void FormSurface::Refresh() {
     RestoreScreen(clientRect_);
     if (form_) RepaintNow(clientRect_);
@@ -74,7 +133,7 @@ void FormSurface::Paint(QPainter& painter, const QRect& area) {
     if (!ownRepaint_) RestoreScreen(area);
     painter.save();
     painter.setClipRect(area);
-    painter.drawImage(0, 0, screen_);
+    painter.drawImage(0, 0, screenIsRetained_ ? retained_ : screen_);
     painter.restore();
 }
 
@@ -86,10 +145,16 @@ void FormSurface::PaintOverControls(QPainter& painter, const QRect& area) {
 }
 
 void FormSurface::RestoreScreen(const QRect& area) {
-    QPainter painter(&screen_);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.setClipRect(area);
-    painter.drawImage(0, 0, retained_);
+    if (area.contains(clientRect_)) {
+        // The whole screen is the retained image again.
+        screenIsRetained_ = true;
+        screenSynced_ = false;
+    } else if (!screenIsRetained_) {
+        QPainter painter(&screen_);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.setClipRect(area);
+        painter.drawImage(0, 0, retained_);
+    }
     const QRect stale = area & overDirty_;
     if (stale.isEmpty()) return;
     QPainter over(&overControls_);

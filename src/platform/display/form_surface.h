@@ -14,9 +14,15 @@
 // card. A SurfaceOverlay placed over those controls shows that layer.
 //
 // The owning widget paints the surface from its paintEvent through Paint().
+//
+// The images hold the display's device pixels. The surface keeps its picture
+// and every drawing made with AutoRedraw on since the last Cls, and after a
+// change of zoom draws them again on images made at the new ratio; what was
+// drawn with AutoRedraw off is gone, as an expose wipes it.
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include <QColor>
 #include <QImage>
@@ -24,11 +30,13 @@
 #include <QRect>
 #include <QWidget>
 
+#include "platform/display/zoom.h"
+
 class QPainter;
 
 namespace platform {
 
-class FormSurface {
+class FormSurface : public ZoomFollower {
 public:
     // form may be null: the surface then only keeps its two images.
     FormSurface(QWidget* form, QSize clientSize, QColor backColor);
@@ -45,7 +53,9 @@ public:
     void Cls();
 
     // Draws with paint (logical pixel coordinates) where AutoRedraw sends it;
-    // area is what the drawing may touch.
+    // area is what the drawing may touch. With AutoRedraw on, paint is kept
+    // until the next Cls and called again after a change of zoom, so it
+    // holds copies of what it draws, not references.
     void Draw(const QRect& area, const std::function<void(QPainter&)>& paint);
 
     // Puts the retained image on the screen at once.
@@ -58,20 +68,36 @@ public:
     void PaintOverControls(QPainter& painter, const QRect& area);
 
     const QImage& RetainedImage() const { return retained_; }
-    const QImage& ScreenImage() const { return screen_; }
+    const QImage& ScreenImage() const;
+
+    // The images made anew at the display's new pixel ratio, the picture and
+    // the kept drawings drawn again on them.
+    void ZoomChanged() override;
 
 private:
+    // The back colour and the picture on the retained image, and the screen
+    // image and the layer over the controls as bare as after an expose.
+    void DrawGround();
     void RestoreScreen(const QRect& area);
     void RepaintNow(const QRect& area);
+    // The screen image's pixels, where they were left to the retained one.
+    void SyncScreen() const;
 
     QWidget* form_;
     QRect clientRect_;
     QColor backColor_;
     QPixmap picture_;
+    QImage ground_;  // the back colour and the picture, made when first needed
     QImage retained_;
-    QImage screen_;
+    // Until something is drawn with AutoRedraw off, the screen image is the
+    // retained one, and its own pixels are only brought up to date when
+    // they are asked for: a full redraw then costs one image, not two.
+    mutable QImage screen_;
+    bool screenIsRetained_ = true;
+    mutable bool screenSynced_ = false;
     QImage overControls_;  // transparent but for what AutoRedraw off drew
     QRect overDirty_;      // where overControls_ may hold a drawing
+    std::vector<std::function<void(QPainter&)>> kept_;  // drawn with AutoRedraw on since the last Cls
     bool autoRedraw_ = true;
     bool ownRepaint_ = false;
 };

@@ -1,44 +1,64 @@
 #include "platform/display/picture_box.h"
 
+#include <cmath>
 #include <cstring>
 
+#include <QHash>
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "platform/display/pictures.h"
+
 namespace platform {
-
-PictureBox::PictureBox(QWidget* parent, QSize pixels)
-    : QWidget(parent), image_(pixels, QImage::Format_RGB32) {
-    image_.fill(Qt::black);
-    resize(pixels);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-// The repaint waits for the event loop, so that the refreshes of one timer
-// tick reach the screen as one paint.
-void PictureBox::Refresh() {
-    if (isVisible()) update();
-}
-
-void PictureBox::SetPicture(const QImage& picture) {
-    image_.fill(Qt::black);
-    QPainter painter(&image_);
-    painter.drawImage(0, 0, picture);
-}
-
-void PictureBox::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    painter.drawImage(event->rect(), image_, event->rect());
-}
 
 namespace {
 
-// The blit of two images of 32-bit pixels, row by row.
+// The boxes by their images, so that a blit can tell the box what changed.
+QHash<const QImage*, PictureBox*>& Boxes() {
+    static QHash<const QImage*, PictureBox*> boxes;
+    return boxes;
+}
+
+QImage BlackImage(QSize size, qreal ratio) {
+    QImage image(size * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::black);
+    return image;
+}
+
+// The whole logical pixels an image holds.
+QRect LogicalRect(const QImage& image) {
+    const qreal ratio = image.devicePixelRatio();
+    const auto whole = [ratio](int pixels) { return static_cast<int>(pixels / ratio + 1e-6); };
+    return QRect(0, 0, whole(image.width()), whole(image.height()));
+}
+
+// A logical edge on the device pixels: edge × ratio, rounded half up. Every
+// edge is mapped on its own, never a size, so the same logical rectangle
+// always covers the same device pixels whatever blit names it, and two
+// rectangles that share an edge share it on the device too: a mask and its
+// figure stencilled at one place cover the same pixels, and a block copied
+// out and back lands where it came from. The picture boxes' whole ratios
+// (BlitPixelRatio) make every edge exact; the rounding only matters for an
+// image of another ratio.
+int DeviceEdge(int logical, qreal ratio) { return static_cast<int>(std::floor(logical * ratio + 0.5)); }
+
+QRect DeviceRect(const QRect& logical, qreal ratio) {
+    if (ratio == 1.0) return logical;
+    const int left = DeviceEdge(logical.x(), ratio);
+    const int top = DeviceEdge(logical.y(), ratio);
+    return QRect(left, top, DeviceEdge(logical.x() + logical.width(), ratio) - left,
+                 DeviceEdge(logical.y() + logical.height(), ratio) - top);
+}
+
+// The blit of two images of 32-bit pixels, row by row, in device pixels.
 void BlitPixels(QImage* destination, QPoint to, const QImage* source, QRect from, std::uint32_t rasterOperation) {
     const std::size_t rowBytes = static_cast<std::size_t>(from.width()) * sizeof(quint32);
+    uchar* const outRows = destination->bits() + static_cast<qsizetype>(to.y()) * destination->bytesPerLine();
+    const uchar* const inRows = source->constBits() + static_cast<qsizetype>(from.y()) * source->bytesPerLine();
     for (int row = 0; row < from.height(); ++row) {
-        auto* out = reinterpret_cast<quint32*>(destination->scanLine(to.y() + row)) + to.x();
-        const auto* in = reinterpret_cast<const quint32*>(source->constScanLine(from.y() + row)) + from.x();
+        auto* out = reinterpret_cast<quint32*>(outRows + row * destination->bytesPerLine()) + to.x();
+        const auto* in = reinterpret_cast<const quint32*>(inRows + row * source->bytesPerLine()) + from.x();
         switch (rasterOperation) {
             case SRCAND:
                 for (int i = 0; i < from.width(); ++i) out[i] &= in[i];
@@ -51,38 +71,116 @@ void BlitPixels(QImage* destination, QPoint to, const QImage* source, QRect from
     }
 }
 
-bool IsPixelImage(const QImage* image) { return image->format() == QImage::Format_RGB32; }
+// An image's pixels seen at a ratio of 1, sharing its memory.
+QImage DeviceView(QImage& image) {
+    return QImage(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+}
 
-}  // namespace
+QImage DeviceView(const QImage& image) {
+    return QImage(image.constBits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+}
 
-void BitBlt(QImage* destination, int x, int y, int width, int height, const QImage* source, int sourceX,
-            int sourceY, std::uint32_t rasterOperation) {
-    // Clip the block to the source, then to the destination, moving the
-    // other corner with it.
-    QRect from(sourceX, sourceY, width, height);
-    QRect to(x, y, width, height);
-    const QRect inSource = from.intersected(source->rect());
-    to = QRect(to.topLeft() + (inSource.topLeft() - from.topLeft()), inSource.size());
-    const QRect inDestination = to.intersected(destination->rect());
-    from = QRect(inSource.topLeft() + (inDestination.topLeft() - to.topLeft()), inDestination.size());
-    if (inDestination.isEmpty()) return;
-
-    if (IsPixelImage(destination) && IsPixelImage(source)) {
-        if (destination == source) {
-            const QImage block = source->copy(from);
-            BlitPixels(destination, inDestination.topLeft(), &block, block.rect(), rasterOperation);
-        } else {
-            BlitPixels(destination, inDestination.topLeft(), source, from, rasterOperation);
-        }
-        return;
-    }
-    QPainter painter(destination);
+// Any other pair of images, or two of different ratios (the block is then
+// scaled to the destination's device pixels).
+void PaintBlock(QImage* destination, QRect to, const QImage& source, QRect from, std::uint32_t rasterOperation) {
+    QImage view = DeviceView(*destination);
+    QPainter painter(&view);
     switch (rasterOperation) {
         case SRCAND: painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination); break;
         case SRCPAINT: painter.setCompositionMode(QPainter::RasterOp_SourceOrDestination); break;
         default: painter.setCompositionMode(QPainter::CompositionMode_Source); break;
     }
-    painter.drawImage(inDestination.topLeft(), *source, from);
+    painter.drawImage(QRectF(to), DeviceView(source), QRectF(from));
+}
+
+bool IsPixelImage(const QImage* image) { return image->format() == QImage::Format_RGB32; }
+
+}  // namespace
+
+PictureBox::PictureBox(QWidget* parent, QSize size)
+    : QWidget(parent), ZoomFollower(Stage::Surface), image_(BlackImage(size, BlitPixelRatio())) {
+    Boxes().insert(&image_, this);
+    resize(size);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+PictureBox::~PictureBox() { Boxes().remove(&image_); }
+
+int PictureBox::Width() const { return LogicalRect(image_).width(); }
+
+int PictureBox::Height() const { return LogicalRect(image_).height(); }
+
+// The repaint waits for the event loop, so that the refreshes of one timer
+// tick reach the screen as one paint.
+void PictureBox::Refresh() {
+    if (isVisible()) update(changed_.isEmpty() ? rect() : changed_);
+    changed_ = QRect();
+}
+
+void PictureBox::SetPicture(const QImage& picture) {
+    image_.fill(Qt::black);
+    QPainter painter(&image_);
+    painter.drawImage(0, 0, picture);
+    changed_ = LogicalRect(image_);
+}
+
+// The old picture, scaled, keeps the box looking as it did until its form
+// draws its own pictures again.
+void PictureBox::ZoomChanged() {
+    const qreal ratio = BlitPixelRatio();
+    if (ratio == image_.devicePixelRatio()) return;
+    QImage image = BlackImage(LogicalRect(image_).size(), ratio);
+    {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRectF(LogicalRect(image_)), image_);
+    }
+    image_ = image;
+    changed_ = LogicalRect(image_);
+    update();
+}
+
+// At a fractional zoom the image holds more pixels than the screen shows,
+// and is smoothly scaled down to it.
+void PictureBox::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (image_.devicePixelRatio() != devicePixelRatioF()) painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QPointF(0, 0), image_);
+}
+
+void BitBlt(QImage* destination, int x, int y, int width, int height, const QImage* source, int sourceX,
+            int sourceY, std::uint32_t rasterOperation) {
+    // Clip the block to the source, then to the destination, moving the
+    // other corner with it: all in logical pixels.
+    QRect from(sourceX, sourceY, width, height);
+    QRect to(x, y, width, height);
+    const QRect inSource = from.intersected(LogicalRect(*source));
+    to = QRect(to.topLeft() + (inSource.topLeft() - from.topLeft()), inSource.size());
+    const QRect inDestination = to.intersected(LogicalRect(*destination));
+    from = QRect(inSource.topLeft() + (inDestination.topLeft() - to.topLeft()), inDestination.size());
+    if (inDestination.isEmpty()) return;
+    if (PictureBox* box = Boxes().value(destination)) box->changed_ |= inDestination;
+
+    const qreal toRatio = destination->devicePixelRatio();
+    const qreal fromRatio = source->devicePixelRatio();
+    QRect toPixels = DeviceRect(inDestination, toRatio);
+    QRect fromPixels = DeviceRect(from, fromRatio);
+    if (toRatio != fromRatio) {
+        PaintBlock(destination, toPixels, *source, fromPixels, rasterOperation);
+        return;
+    }
+    // One ratio with a fraction may round one block a pixel larger than the
+    // other: the pixels both hold are copied.
+    const QSize common = toPixels.size().boundedTo(fromPixels.size());
+    toPixels.setSize(common);
+    fromPixels.setSize(common);
+    const QImage block = destination == source ? source->copy(fromPixels) : QImage();
+    const QImage& in = block.isNull() ? *source : block;
+    const QRect inRect = block.isNull() ? fromPixels : block.rect();
+    if (IsPixelImage(destination) && IsPixelImage(&in))
+        BlitPixels(destination, toPixels.topLeft(), &in, inRect, rasterOperation);
+    else
+        PaintBlock(destination, toPixels, in, inRect, rasterOperation);
 }
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/display/pictures.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QApplication>
 #include <QHash>
@@ -64,9 +65,9 @@ QPixmap RenderSvg(const QString& path, QSize size) {
 
 }  // namespace
 
-QPixmap LoadResPicture(int id, ResPictureType type) {
+QPixmap LoadResPicture(int id, ResPictureType type, QSize size) {
     const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
-    return RenderSvg(QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id), QSize());
+    return RenderSvg(QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id), size);
 }
 
 QPixmap LoadArtPicture(const QString& name, QSize size) {
@@ -90,18 +91,33 @@ void RenderPicturesAgain() {
     }
 }
 
+QImage LoadArtImage(const QString& name, QSize size) {
+    const qreal ratio = BlitPixelRatio();
+    QImage image(size * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.drawImage(0, 0, RenderSvgImage(QStringLiteral(":/art/%1.svg").arg(name), size, ratio));
+    return image;
+}
+
 SpriteImages LoadSpriteImages(const QString& name, QSize size) {
-    const QImage drawn =
-        RenderSvgImage(QStringLiteral(":/art/%1.svg").arg(name), size, 1.0).convertToFormat(QImage::Format_ARGB32);
-    SpriteImages sprite{QImage(size, QImage::Format_RGB32), QImage(size, QImage::Format_RGB32)};
+    const qreal ratio = BlitPixelRatio();
+    const QImage drawn = RenderSvgImage(QStringLiteral(":/art/%1.svg").arg(name), size, ratio)
+                             .convertToFormat(QImage::Format_ARGB32);
+    SpriteImages sprite{QImage(size * ratio, QImage::Format_RGB32), QImage(size * ratio, QImage::Format_RGB32)};
     sprite.figure.fill(Qt::black);
     sprite.mask.fill(Qt::white);
-    for (int y = 0; y < drawn.height(); ++y) {
-        for (int x = 0; x < drawn.width(); ++x) {
-            const QRgb pixel = drawn.pixel(x, y);
-            if (qAlpha(pixel) < 128) continue;
-            sprite.figure.setPixel(x, y, qRgb(qRed(pixel), qGreen(pixel), qBlue(pixel)));
-            sprite.mask.setPixel(x, y, qRgb(0, 0, 0));
+    for (QImage* image : {&sprite.figure, &sprite.mask}) image->setDevicePixelRatio(ratio);
+    const int width = std::min(drawn.width(), sprite.figure.width());
+    for (int y = 0; y < std::min(drawn.height(), sprite.figure.height()); ++y) {
+        const auto* in = reinterpret_cast<const QRgb*>(drawn.constScanLine(y));
+        auto* figure = reinterpret_cast<QRgb*>(sprite.figure.scanLine(y));
+        auto* mask = reinterpret_cast<QRgb*>(sprite.mask.scanLine(y));
+        for (int x = 0; x < width; ++x) {
+            if (qAlpha(in[x]) < 128) continue;
+            figure[x] = qRgb(qRed(in[x]), qGreen(in[x]), qBlue(in[x]));
+            mask[x] = qRgb(0, 0, 0);
         }
     }
     return sprite;
@@ -114,5 +130,7 @@ qreal DisplayPixelRatio() {
     for (const QScreen* screen : QGuiApplication::screens()) ratio = std::max(ratio, screen->devicePixelRatio());
     return ratio;
 }
+
+qreal BlitPixelRatio() { return std::ceil(DisplayPixelRatio() - 1e-6); }
 
 }  // namespace platform

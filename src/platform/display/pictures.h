@@ -14,7 +14,8 @@ enum ResPictureType { vbResBitmap = 0, vbResIcon = 1 };
 
 // Bitmap 100 is the table; icons 100 to 103 are the suits Clubs, Diamonds,
 // Hearts, Spades. A number the program doesn't hold gives an empty picture.
-QPixmap LoadResPicture(int id, ResPictureType type);
+// Drawn at size in logical pixels, or at the drawing's own size.
+QPixmap LoadResPicture(int id, ResPictureType type, QSize size = QSize());
 
 // A form's own picture by name (":/art/<name>.svg"), at size in logical
 // pixels, or at the drawing's own size when size is empty.
@@ -32,10 +33,14 @@ QPixmap RenderedAgain(const QPixmap& picture);
 // the pixel ratio now in force.
 void RenderPicturesAgain();
 
+// A form's picture for a picture box: size logical pixels at the box's pixel
+// ratio (BlitPixelRatio), opaque, black where the drawing leaves it bare.
+QImage LoadArtImage(const QString& name, QSize size);
+
 // A figure to stencil onto a stage with two blits: the figure on pure black,
 // and its silhouette in pure black on pure white. Drawn from a form's picture
-// at exactly size pixels; a pixel belongs to the figure when the drawing
-// covers it at least half.
+// at size logical pixels, at the picture boxes' pixel ratio; a device pixel
+// belongs to the figure when the drawing covers it at least half.
 struct SpriteImages {
     QImage figure;
     QImage mask;
@@ -45,5 +50,13 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size);
 // The highest pixel ratio of the screens: what pictures and cards are
 // rendered at.
 qreal DisplayPixelRatio();
+
+// The pixel ratio of the picture boxes, whose blits must land on whole
+// device pixels: the display's, rounded up to a whole number. At 150 % a
+// logical pixel would be one and a half device pixels, and a figure moved
+// 3 logical pixels through a work surface would come back half a pixel off
+// its saved ground; at 2 every logical place is a whole device pixel, and
+// the box is scaled down once when it is shown.
+qreal BlitPixelRatio();
 
 }  // namespace platform
