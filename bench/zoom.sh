@@ -13,10 +13,7 @@ RUNS=${1:-10}
 ./scripts/build.sh dovrin bench_start >/dev/null
 XVFB_SCREEN=1920x1080x24
 source scripts/xvfb_session.sh
-openbox --sm-disable >/dev/null 2>&1 &
-WM=$!
-trap 'kill "$WM" 2>/dev/null; end_session' EXIT
-timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done'
+start_window_manager
 
 start_ms() { # zoom
   rm -rf "$WORK/program" && fresh_program build/program build/delivered "$WORK/program"

@@ -1,9 +1,10 @@
 # Sourced by the scripts that run the program under Xvfb. Makes a scratch
 # directory $WORK, starts Xvfb on a display it picks itself and exports what
 # the program needs there. When the script ends, Xvfb and the program whose
-# pid is in $APP are stopped and $WORK is removed.
+# pid is in $APP (and the window manager, if started) are stopped and $WORK
+# is removed.
 WORK=$(mktemp -d)
-end_session() { kill "${APP:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
+end_session() { kill "${APP:-}" "${WM:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
 trap end_session EXIT
 Xvfb -displayfd 3 -screen 0 "${XVFB_SCREEN:-1024x768x24}" -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
 XVFB=$!
@@ -27,4 +28,14 @@ wait_for_user_form() {
   until xdotool search --onlyvisible --name "^Lantern! Dovrin$" >/dev/null 2>&1; do
     kill -0 "$1" 2>/dev/null || { echo "the program ended before its user form showed" >&2; return 1; }
   done
+}
+
+# start_window_manager: openbox, as on a desktop: it frames and places the
+# windows and gives each new form the keyboard. Returns once it manages the
+# screen.
+start_window_manager() {
+  openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
+  WM=$!
+  timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done' 2>/dev/null ||
+    { echo "the window manager did not start:"; cat "$WORK/openbox.log"; return 1; }
 }

@@ -45,6 +45,13 @@ platform::SpriteImages Sprite(const QString& name, QSize size) {
     return platform::LoadSpriteImages(QStringLiteral("scene/") + name, size);
 }
 
+// A figure on its box and its silhouette on the mask's.
+void ShowSprite(PictureBox* figure, PictureBox* mask, const QString& name, QSize size) {
+    const platform::SpriteImages sprite = Sprite(name, size);
+    figure->SetPicture(sprite.figure);
+    mask->SetPicture(sprite.mask);
+}
+
 // A part of a figure's picture, given in logical pixels.
 QImage Part(const QImage& picture, QRect part) {
     const qreal ratio = picture.devicePixelRatio();
@@ -132,25 +139,15 @@ void FWantMore::DrawPictures() {
     picUFO->SetPicture(ufo.figure);
     // One mask serves every frame: the first frame's outline.
     picUFOMask->SetPicture(Part(ufo.mask, QRect(0, 0, 47, 31)));
-    const platform::SpriteImages ray = Sprite(QStringLiteral("ray"), QSize(148, 200));
-    picRay->SetPicture(ray.figure);
-    picRay_Msk->SetPicture(ray.mask);
-    const platform::SpriteImages captive = Sprite(QStringLiteral("captive"), QSize(20, 30));
-    picCaptive->SetPicture(captive.figure);
-    picCaptiveMsk->SetPicture(captive.mask);
+    ShowSprite(picRay, picRay_Msk, QStringLiteral("ray"), QSize(148, 200));
+    ShowSprite(picCaptive, picCaptiveMsk, QStringLiteral("captive"), QSize(20, 30));
     picCaptiveBG->SetPicture(Art(QStringLiteral("captive_ground"), QSize(34, 55)));
-    const platform::SpriteImages plane = Sprite(QStringLiteral("plane"), QSize(512, 38));
-    picPlaneSpr->SetPicture(plane.figure);
-    picPlaneMsk->SetPicture(plane.mask);
-    const platform::SpriteImages sign = Sprite(QStringLiteral("air_sign"), QSize(179, 38));
-    picAirSignSpr->SetPicture(sign.figure);
-    picAirSignMsk->SetPicture(sign.mask);
+    ShowSprite(picPlaneSpr, picPlaneMsk, QStringLiteral("plane"), QSize(512, 38));
+    ShowSprite(picAirSignSpr, picAirSignMsk, QStringLiteral("air_sign"), QSize(179, 38));
 
     const std::array<const char*, 2> smallNames = {"small_right", "small_left"};
     for (int way = 0; way < 2; ++way) {
-        const platform::SpriteImages small = Sprite(QString::fromUtf8(smallNames[way]), QSize(39, 104));
-        picSmSprite[way]->SetPicture(small.figure);
-        picSmMask[way]->SetPicture(small.mask);
+        ShowSprite(picSmSprite[way], picSmMask[way], QString::fromUtf8(smallNames[way]), QSize(39, 104));
     }
     // Each side's picture holds both views, the second at 133; the two
     // views share one outline.

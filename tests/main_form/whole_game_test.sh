@@ -9,13 +9,7 @@ PROGRAM_DIR=$1
 DELIVERED_DIR=$2
 HERE=$(cd "$(dirname "$0")" && pwd)
 source "$HERE"/../../scripts/xvfb_session.sh
-# A window manager, as on a desktop: it frames and places the windows and
-# gives each new form the keyboard.
-openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
-WM=$!
-trap 'kill "$WM" 2>/dev/null; end_session' EXIT
-timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done' 2>/dev/null ||
-    { echo "the window manager did not start:"; cat "$WORK/openbox.log"; exit 1; }
+start_window_manager
 fresh_program "$PROGRAM_DIR" "$DELIVERED_DIR" "$WORK"
 # The fastest card flights and no sound, whose effects hold the table while
 # they play.

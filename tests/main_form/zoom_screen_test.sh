@@ -15,11 +15,7 @@ AFTER_KEY=$6
 MAXIMISED=$7
 HERE=$(cd "$(dirname "$0")" && pwd)
 source "$HERE"/../../scripts/xvfb_session.sh
-openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
-WM=$!
-trap 'kill "$WM" 2>/dev/null; end_session' EXIT
-timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done' 2>/dev/null ||
-    { echo "the window manager did not start:"; cat "$WORK/openbox.log"; exit 1; }
+start_window_manager
 fresh_program "$PROGRAM_DIR" "$DELIVERED_DIR" "$WORK"
 sed -i -e 's/^soundon=.*\r$/soundon=FALSE\r/' "$WORK/dovrin.ini"
 "$WORK/dovrin" >"$WORK/program.log" 2>&1 &
