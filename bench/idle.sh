@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
 # Under Xvfb, Release build: the resident size after the first hand is dealt
-# and the processor use while the human thinks, over ten seconds.
+# and the processor use while the human thinks, over ten seconds. With a
+# zoom (bench/idle.sh 200) on a 3840 x 2160 screen, at that zoom.
+# Usage: bench/idle.sh [zoom]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/build.sh dovrin >/dev/null
+ZOOM=${1:-}
+[ -n "$ZOOM" ] && XVFB_SCREEN=3840x2160x24
 source scripts/xvfb_session.sh
 fresh_program build/program build/delivered "$WORK"
-"$WORK/dovrin" >/dev/null 2>&1 &
+"$WORK/dovrin" ${ZOOM:+--zoom "$ZOOM"} >/dev/null 2>&1 &
 APP=$!
 xdotool search --sync --name "^Lantern! Dovrin$" >/dev/null
 sleep 0.5

@@ -33,9 +33,7 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
       form_(form),
       clientRect_(QPoint(0, 0), clientSize),
       backColor_(backColor),
-      retained_(BlankImage(clientSize, DisplayPixelRatio())),
-      screen_(BlankImage(clientSize, DisplayPixelRatio())),
-      overControls_(BlankImage(clientSize, DisplayPixelRatio(), QImage::Format_ARGB32_Premultiplied)) {
+      retained_(BlankImage(clientSize, DisplayPixelRatio())) {
     Cls();
 }
 
@@ -61,9 +59,20 @@ void FormSurface::DrawGround() {
         }
     }
     CopyPixels(retained_, ground_);
+    ScreenIsRetained();
+    LetGoOverControls();
+}
+
+// The screen image and the layer over the controls take memory only while
+// they hold a drawing of their own: at a large zoom each is megabytes.
+void FormSurface::ScreenIsRetained() {
     screenIsRetained_ = true;
     screenSynced_ = false;
-    if (!overDirty_.isEmpty()) overControls_.fill(Qt::transparent);
+    screen_ = QImage();
+}
+
+void FormSurface::LetGoOverControls() {
+    overControls_ = QImage();
     overDirty_ = QRect();
 }
 
@@ -92,6 +101,11 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
         paint(screen);
     }
     if (!autoRedraw_) {
+        if (overControls_.isNull()) {
+            overControls_ = BlankImage(clientRect_.size(), retained_.devicePixelRatio(),
+                                       QImage::Format_ARGB32_Premultiplied);
+            overControls_.fill(Qt::transparent);
+        }
         QPainter over(&overControls_);
         paint(over);
         overDirty_ |= area;
@@ -110,9 +124,6 @@ void FormSurface::ZoomChanged() {
     const QSize size = clientRect_.size();
     ground_ = QImage();
     retained_ = BlankImage(size, ratio);
-    screen_ = BlankImage(size, ratio);
-    overControls_ = BlankImage(size, ratio, QImage::Format_ARGB32_Premultiplied);
-    overControls_.fill(Qt::transparent);
     DrawGround();
     QPainter painter(&retained_);
     for (const auto& paint : kept_) {
@@ -138,6 +149,7 @@ void FormSurface::Paint(QPainter& painter, const QRect& area) {
 }
 
 void FormSurface::PaintOverControls(QPainter& painter, const QRect& area) {
+    if (overControls_.isNull()) return;
     painter.save();
     painter.setClipRect(area);
     painter.drawImage(0, 0, overControls_);
@@ -147,8 +159,7 @@ void FormSurface::PaintOverControls(QPainter& painter, const QRect& area) {
 void FormSurface::RestoreScreen(const QRect& area) {
     if (area.contains(clientRect_)) {
         // The whole screen is the retained image again.
-        screenIsRetained_ = true;
-        screenSynced_ = false;
+        ScreenIsRetained();
     } else if (!screenIsRetained_) {
         QPainter painter(&screen_);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
@@ -157,10 +168,13 @@ void FormSurface::RestoreScreen(const QRect& area) {
     }
     const QRect stale = area & overDirty_;
     if (stale.isEmpty()) return;
+    if (area.contains(overDirty_)) {
+        LetGoOverControls();
+        return;
+    }
     QPainter over(&overControls_);
     over.setCompositionMode(QPainter::CompositionMode_Source);
     over.fillRect(stale, Qt::transparent);
-    if (area.contains(overDirty_)) overDirty_ = QRect();
 }
 
 void FormSurface::RepaintNow(const QRect& area) {

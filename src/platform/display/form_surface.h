@@ -82,6 +82,8 @@ private:
     void RepaintNow(const QRect& area);
     // The screen image's pixels, where they were left to the retained one.
     void SyncScreen() const;
+    void ScreenIsRetained();
+    void LetGoOverControls();
 
     QWidget* form_;
     QRect clientRect_;

@@ -29,6 +29,8 @@ QImage RenderSvgImage(const QString& path, QSize size, qreal ratio) {
     return image;
 }
 
+constexpr qsizetype kLargestKeptPicture = 512 * 1024;
+
 struct PictureSource {
     QString path;
     QSize size;
@@ -58,7 +60,9 @@ QPixmap RenderSvg(const QString& path, QSize size) {
     if (const auto found = cache.drawn.constFind(key); found != cache.drawn.constEnd()) return *found;
     const QImage image = RenderSvgImage(path, size, ratio);
     const QPixmap picture = image.isNull() ? QPixmap() : QPixmap::fromImage(image);
-    cache.drawn.insert(key, picture);
+    // A picture of a whole form (the table's, megabytes at a large zoom) is
+    // kept by the form that shows it, not twice.
+    if (image.sizeInBytes() <= kLargestKeptPicture) cache.drawn.insert(key, picture);
     if (!picture.isNull()) cache.sources.insert(picture.cacheKey(), PictureSource{path, size});
     return picture;
 }
