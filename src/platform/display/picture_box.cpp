@@ -97,8 +97,7 @@ bool IsPixelImage(const QImage* image) { return image->format() == QImage::Forma
 
 }  // namespace
 
-PictureBox::PictureBox(QWidget* parent, QSize size)
-    : QWidget(parent), ZoomFollower(Stage::Surface), image_(BlackImage(size, BlitPixelRatio())) {
+PictureBox::PictureBox(QWidget* parent, QSize size) : QWidget(parent), ZoomFollower(Stage::Surface), size_(size) {
     Boxes().insert(&image_, this);
     resize(size);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -106,9 +105,14 @@ PictureBox::PictureBox(QWidget* parent, QSize size)
 
 PictureBox::~PictureBox() { Boxes().remove(&image_); }
 
-int PictureBox::Width() const { return LogicalRect(image_).width(); }
+QImage* PictureBox::hDC() {
+    if (image_.isNull()) image_ = BlackImage(size_, BlitPixelRatio());
+    return &image_;
+}
 
-int PictureBox::Height() const { return LogicalRect(image_).height(); }
+int PictureBox::Width() const { return size_.width(); }
+
+int PictureBox::Height() const { return size_.height(); }
 
 // The repaint waits for the event loop, so that the refreshes of one timer
 // tick reach the screen as one paint.
@@ -118,7 +122,7 @@ void PictureBox::Refresh() {
 }
 
 void PictureBox::SetPicture(const QImage& picture) {
-    image_.fill(Qt::black);
+    hDC()->fill(Qt::black);
     QPainter painter(&image_);
     painter.drawImage(0, 0, picture);
     changed_ = LogicalRect(image_);
@@ -128,7 +132,7 @@ void PictureBox::SetPicture(const QImage& picture) {
 // draws its own pictures again.
 void PictureBox::ZoomChanged() {
     const qreal ratio = BlitPixelRatio();
-    if (ratio == image_.devicePixelRatio()) return;
+    if (image_.isNull() || ratio == image_.devicePixelRatio()) return;
     QImage image = BlackImage(LogicalRect(image_).size(), ratio);
     {
         QPainter painter(&image);
@@ -144,6 +148,10 @@ void PictureBox::ZoomChanged() {
 // and is smoothly scaled down to it.
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (image_.isNull()) {
+        painter.fillRect(rect(), Qt::black);
+        return;
+    }
     if (image_.devicePixelRatio() != devicePixelRatioF()) painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(QPointF(0, 0), image_);
 }

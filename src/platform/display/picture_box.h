@@ -30,8 +30,9 @@ public:
     PictureBox(QWidget* parent, QSize size);
     ~PictureBox() override;
 
-    // The device context of the box: its retained image.
-    QImage* hDC() { return &image_; }
+    // The device context of the box: its retained image, black until the
+    // box is first drawn on (a box most runs never use costs no memory).
+    QImage* hDC();
     // The size in logical pixels.
     int Width() const;
     int Height() const;
@@ -51,6 +52,7 @@ protected:
 private:
     friend void BitBlt(QImage*, int, int, int, int, const QImage*, int, int, std::uint32_t);
 
+    QSize size_;  // logical pixels
     QImage image_;
     QRect changed_;  // logical pixels the blits changed since the last Refresh
 };
