@@ -32,13 +32,6 @@ CardCache& Cache() {
     return cache;
 }
 
-QImage BlankFace(qreal ratio) {
-    QImage face(QSize(kCardWidth, kCardHeight) * ratio, QImage::Format_ARGB32_Premultiplied);
-    face.setDevicePixelRatio(ratio);
-    face.fill(Qt::transparent);
-    return face;
-}
-
 // A face for a card the deck lacks: white, crossed out in red, named.
 void PaintPlaceholder(QPainter& painter, const QString& elementId) {
     const QRectF card(0.5, 0.5, kCardWidth - 1, kCardHeight - 1);
@@ -63,7 +56,8 @@ bool RenderFaces(CardCache& cache, qreal ratio) {
     if (!deck.isValid()) return false;
     for (int card = 0; card < 52; ++card) {
         const QString id = CardElementId(card);
-        QImage face = BlankFace(ratio);
+        QImage face = FilledImage(QSize(kCardWidth, kCardHeight), ratio, Qt::transparent,
+                                  QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&face);
         if (deck.elementExists(id))
             deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));

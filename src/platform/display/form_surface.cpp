@@ -11,12 +11,6 @@ namespace platform {
 
 namespace {
 
-QImage BlankImage(QSize size, qreal pixelRatio, QImage::Format format = QImage::Format_RGB32) {
-    QImage image(size * pixelRatio, format);
-    image.setDevicePixelRatio(pixelRatio);
-    return image;
-}
-
 // One image's pixels onto another of the same size, into its own memory.
 void CopyPixels(QImage& to, const QImage& from) {
     if (to.size() != from.size() || to.format() != from.format()) {
@@ -33,7 +27,7 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
       form_(form),
       clientRect_(QPoint(0, 0), clientSize),
       backColor_(backColor),
-      retained_(BlankImage(clientSize, DisplayPixelRatio())) {
+      retained_(FilledImage(clientSize, DisplayPixelRatio(), backColor)) {
     Cls();
 }
 
@@ -51,8 +45,7 @@ void FormSurface::Cls() {
 
 void FormSurface::DrawGround() {
     if (ground_.isNull()) {
-        ground_ = BlankImage(clientRect_.size(), retained_.devicePixelRatio());
-        ground_.fill(backColor_);
+        ground_ = FilledImage(clientRect_.size(), retained_.devicePixelRatio(), backColor_);
         if (!picture_.isNull()) {
             QPainter painter(&ground_);
             painter.drawPixmap(0, 0, picture_);
@@ -102,9 +95,8 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
     }
     if (!autoRedraw_) {
         if (overControls_.isNull()) {
-            overControls_ = BlankImage(clientRect_.size(), retained_.devicePixelRatio(),
-                                       QImage::Format_ARGB32_Premultiplied);
-            overControls_.fill(Qt::transparent);
+            overControls_ = FilledImage(clientRect_.size(), retained_.devicePixelRatio(), Qt::transparent,
+                                        QImage::Format_ARGB32_Premultiplied);
         }
         QPainter over(&overControls_);
         paint(over);
@@ -123,7 +115,7 @@ void FormSurface::ZoomChanged() {
     picture_ = RenderedAgain(picture_);
     const QSize size = clientRect_.size();
     ground_ = QImage();
-    retained_ = BlankImage(size, ratio);
+    retained_ = FilledImage(size, ratio, backColor_);
     DrawGround();
     QPainter painter(&retained_);
     for (const auto& paint : kept_) {

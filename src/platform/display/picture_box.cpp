@@ -19,13 +19,6 @@ QHash<const QImage*, PictureBox*>& Boxes() {
     return boxes;
 }
 
-QImage BlackImage(QSize size, qreal ratio) {
-    QImage image(size * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::black);
-    return image;
-}
-
 // The whole logical pixels an image holds.
 QRect LogicalRect(const QImage& image) {
     const qreal ratio = image.devicePixelRatio();
@@ -106,7 +99,7 @@ PictureBox::PictureBox(QWidget* parent, QSize size) : QWidget(parent), ZoomFollo
 PictureBox::~PictureBox() { Boxes().remove(&image_); }
 
 QImage* PictureBox::hDC() {
-    if (image_.isNull()) image_ = BlackImage(size_, BlitPixelRatio());
+    if (image_.isNull()) image_ = FilledImage(size_, BlitPixelRatio(), Qt::black);
     return &image_;
 }
 
@@ -133,7 +126,7 @@ void PictureBox::SetPicture(const QImage& picture) {
 void PictureBox::ZoomChanged() {
     const qreal ratio = BlitPixelRatio();
     if (image_.isNull() || ratio == image_.devicePixelRatio()) return;
-    QImage image = BlackImage(LogicalRect(image_).size(), ratio);
+    QImage image = FilledImage(LogicalRect(image_).size(), ratio, Qt::black);
     {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);

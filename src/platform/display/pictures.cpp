@@ -20,9 +20,7 @@ QImage RenderSvgImage(const QString& path, QSize size, qreal ratio) {
     QSvgRenderer renderer(path);
     if (!renderer.isValid()) return QImage();
     if (size.isEmpty()) size = renderer.defaultSize();
-    QImage image(size * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
+    QImage image = FilledImage(size, ratio, Qt::transparent, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
     renderer.render(&painter, QRectF(QPointF(0, 0), size));
     painter.end();
@@ -97,9 +95,7 @@ void RenderPicturesAgain() {
 
 QImage LoadArtImage(const QString& name, QSize size) {
     const qreal ratio = BlitPixelRatio();
-    QImage image(size * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::black);
+    QImage image = FilledImage(size, ratio, Qt::black);
     QPainter painter(&image);
     painter.drawImage(0, 0, RenderSvgImage(QStringLiteral(":/art/%1.svg").arg(name), size, ratio));
     return image;
@@ -109,10 +105,7 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size) {
     const qreal ratio = BlitPixelRatio();
     const QImage drawn = RenderSvgImage(QStringLiteral(":/art/%1.svg").arg(name), size, ratio)
                              .convertToFormat(QImage::Format_ARGB32);
-    SpriteImages sprite{QImage(size * ratio, QImage::Format_RGB32), QImage(size * ratio, QImage::Format_RGB32)};
-    sprite.figure.fill(Qt::black);
-    sprite.mask.fill(Qt::white);
-    for (QImage* image : {&sprite.figure, &sprite.mask}) image->setDevicePixelRatio(ratio);
+    SpriteImages sprite{FilledImage(size, ratio, Qt::black), FilledImage(size, ratio, Qt::white)};
     const int width = std::min(drawn.width(), sprite.figure.width());
     for (int y = 0; y < std::min(drawn.height(), sprite.figure.height()); ++y) {
         const auto* in = reinterpret_cast<const QRgb*>(drawn.constScanLine(y));
@@ -125,6 +118,13 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size) {
         }
     }
     return sprite;
+}
+
+QImage FilledImage(QSize size, qreal ratio, const QColor& fill, QImage::Format format) {
+    QImage image(size * ratio, format);
+    image.setDevicePixelRatio(ratio);
+    image.fill(fill);
+    return image;
 }
 
 // Asked of the screens each time: the application's own answer is worked

@@ -47,6 +47,10 @@ struct SpriteImages {
 };
 SpriteImages LoadSpriteImages(const QString& name, QSize size);
 
+// An image of size logical pixels at ratio device pixels to each, all of
+// it the colour fill.
+QImage FilledImage(QSize size, qreal ratio, const QColor& fill, QImage::Format format = QImage::Format_RGB32);
+
 // The highest pixel ratio of the screens: what pictures and cards are
 // rendered at.
 qreal DisplayPixelRatio();
