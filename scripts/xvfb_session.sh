@@ -6,9 +6,12 @@
 WORK=$(mktemp -d)
 end_session() { kill "${APP:-}" "${WM:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
 trap end_session EXIT
-Xvfb -displayfd 3 -screen 0 "${XVFB_SCREEN:-1024x768x24}" -nolisten tcp 3>"$WORK/display" >/dev/null 2>&1 &
+# -noreset: a server that resets when its last client leaves drops the
+# clients that connect meanwhile (the window manager, while xprop polls).
+Xvfb -displayfd 3 -screen 0 "${XVFB_SCREEN:-1024x768x24}" -nolisten tcp -noreset 3>"$WORK/display" >"$WORK/xvfb.log" 2>&1 &
 XVFB=$!
 for _ in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
+[ -s "$WORK/display" ] || { echo "Xvfb did not start:"; cat "$WORK/xvfb.log"; exit 1; }
 export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" XDG_CONFIG_HOME="$WORK/config" SDL_AUDIODRIVER=dummy
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$XDG_RUNTIME_DIR"
@@ -37,5 +40,5 @@ start_window_manager() {
   openbox --sm-disable >"$WORK/openbox.log" 2>&1 &
   WM=$!
   timeout 30 bash -c 'until xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"; do sleep 0.02; done' 2>/dev/null ||
-    { echo "the window manager did not start:"; cat "$WORK/openbox.log"; return 1; }
+    { echo "the window manager did not start on $DISPLAY:"; cat "$WORK/openbox.log" "$WORK/xvfb.log"; return 1; }
 }
