@@ -8,6 +8,13 @@ when none is, closes the standings after each hand, and answers the end of the
 game with "No" (closing the top ten list if the user won). Screenshots of each
 form go to the directory given with --shots.
 
+It works at any zoom of the program. Its places are the design's logical
+pixels; the zoom's factor is the table window's inside width over the
+design's, and the table lies at the window's bottom, below a menu bar of
+whatever height is left. Each place maps to the screen's pixel at the middle
+of its logical pixel, so that a colour read there is that pixel's own even
+where the factor isn't whole.
+
 It never sleeps in place of looking. Every wait is on what the screen shows:
 a form's window mapped, holding the keyboard or gone, and on the table the
 human's turn marker and the watched rows below the buttons (the hand, the
@@ -34,7 +41,7 @@ HAND_OVER = "Hand Over - Current Standings"
 GAME_OVER = "Lantern! Dovrin - Game Over"
 TOP_TEN = "Lantern! Dovrin - Top Ten List"
 
-# The table below the menu bar, in pixels from its top left corner.
+# The table below the menu bar, in logical pixels from its top left corner.
 CLIENT_WIDTH, CLIENT_HEIGHT = 642, 446
 WATCHED_TOP = 280  # below the Pay the Pot button, whose look changes under the pointer
 MARKER = (533, 300)  # inside the human's turn marker, left of the name on it
@@ -120,20 +127,23 @@ class Screen:
             if image.contents.bits_per_pixel != 32:
                 raise SystemExit("autoplay: needs a screen of 24 or 32 bits a pixel")
             stride = image.contents.bytes_per_line
-            return Picture(ctypes.string_at(image.contents.data, stride * height), stride)
+            return Picture(ctypes.string_at(image.contents.data, stride * height), stride, left, top)
         finally:
             self.x11.XDestroyImage(image)
 
 
 class Picture:
-    def __init__(self, data, stride):
+    def __init__(self, data, stride, left, top):
         self.data, self.stride = data, stride
+        self.left, self.top = left, top  # on the screen
 
     def __eq__(self, other):
         return isinstance(other, Picture) and self.data == other.data
 
-    def rgb(self, x, y):
-        at = y * self.stride + 4 * x
+    def rgb(self, point):
+        """The colour at a point of the screen within the picture."""
+        x, y = point
+        at = (y - self.top) * self.stride + 4 * (x - self.left)
         blue, green, red = self.data[at:at + 3]
         return red, green, blue
 
@@ -169,31 +179,49 @@ class Player:
 
     # The table.
 
+    def find_table(self):
+        """The zoom's factor and the table's place on the screen, from the
+        main window's inside: the table fills its width and its bottom."""
+        left, top, width, height = geometry(self.main)
+        self.scale = width / CLIENT_WIDTH
+        self.left, self.top = left, top + height - CLIENT_HEIGHT * self.scale
+        self.width, self.bottom = width, top + height
+
+    def at(self, x, y, origin=None):
+        """The screen's pixel at the middle of a logical pixel of the table,
+        or of the window whose inside's top left corner is origin."""
+        left, top = origin or (self.left, self.top)
+        return int(left + (x + 0.5) * self.scale), int(top + (y + 0.5) * self.scale)
+
     def look(self):
         """The watched rows of the table."""
-        return self.screen.grab(self.left, self.top + WATCHED_TOP, CLIENT_WIDTH, CLIENT_HEIGHT - WATCHED_TOP)
+        top = self.at(0, WATCHED_TOP)[1]
+        return self.screen.grab(self.left, top, self.width, self.bottom - top)
 
-    @staticmethod
-    def on_turn(picture):
-        return picture.rgb(MARKER[0], MARKER[1] - WATCHED_TOP) == ON_TURN
+    def marker(self, picture):
+        return picture.rgb(self.at(*MARKER))
 
-    @staticmethod
-    def hand(picture):
+    def on_turn(self, picture):
+        return self.marker(picture) == ON_TURN
+
+    def hand(self, picture):
         """The hand row's left edge and its number of cards, from the white of
         the cards on the row's middle line."""
-        line = HAND_MIDDLE - WATCHED_TOP
-        white = [x for x in range(HAND_FROM, HAND_TO) if min(picture.rgb(x, line)) > 200]
+        white = [x for x in range(HAND_FROM, HAND_TO) if min(picture.rgb(self.at(x, HAND_MIDDLE))) > 200]
         if not white:
             return 0, 0
         # The cards' black borders lie one pixel outside their white.
         width = white[-1] - white[0] + 3
         return white[0] - 1, round((width - CARD_WIDTH) / CARD_SPACING) + 1
 
+    def point(self, x, y, origin=None):
+        """The pointer over a logical place, as xdotool's arguments."""
+        return ["mousemove", *map(str, self.at(x, y, origin))]
+
     def click(self, x, y):
         """Clicks at a place of the table, then takes the pointer aside, so
         that no tooltip or highlight stays under it."""
-        xdo("mousemove", str(self.left + x), str(self.top + y), "click", "1",
-            "mousemove", str(self.left + ASIDE[0]), str(self.top + ASIDE[1]))
+        xdo(*self.point(x, y), "click", "1", *self.point(*ASIDE))
 
     def turn(self):
         """Waits until the table is the human's to play on, or a form shows.
@@ -251,7 +279,7 @@ class Player:
         does, so that each animal's answer is heard whole."""
         for x, y in ((300, 265), (60, 265), (300, 265), (20, 380), (300, 380), (20, 120),
                      (300, 120), (535, 130), (300, 200)):
-            xdo("mousemove", str(self.left + x), str(self.top + y))
+            xdo(*self.point(x, y))
             time.sleep(0.3)
 
     # The game.
@@ -264,8 +292,7 @@ class Player:
         xdo("key", "Return")
         self.wait("the user form to close", lambda: not viewable(user_form))
         self.main = window(MAIN)
-        left, top, _, height = geometry(self.main)
-        self.left, self.top = left, top + height - CLIENT_HEIGHT  # the menu bar is above the table
+        self.find_table()
 
         while True:
             state, found = self.turn()
@@ -302,7 +329,7 @@ class Player:
         time.sleep(1)
         left, top, _, _ = geometry(game_over)
         button = 405 if self.args.again else 1485  # "Yes" or "No", in twips from the form's left
-        xdo("mousemove", str(left + (button + 540) // 15), str(top + (1980 + 180) // 15), "click", "1")
+        xdo(*self.point((button + 540) // 15, (1980 + 180) // 15, (left, top)), "click", "1")
         self.wait("the end of the game to close", lambda: not viewable(game_over))
 
         fanfare_shots = [6, 14]  # seconds into the fanfare
@@ -318,7 +345,7 @@ class Player:
             if self.args.again and self.on_turn(picture) and self.hand(picture)[1]:
                 return "again", None
             # The fanfare's stage covers the table and its turn markers.
-            if picture.rgb(MARKER[0], MARKER[1] - WATCHED_TOP) not in (ON_TURN, IDLE):
+            if self.marker(picture) not in (ON_TURN, IDLE):
                 fanfare_start[0] = fanfare_start[0] or time.monotonic()
                 if fanfare_shots and time.monotonic() - fanfare_start[0] >= fanfare_shots[0]:
                     self.shot(f"fanfare_{fanfare_shots.pop(0)}s")
