@@ -218,6 +218,7 @@ protected:
 
 private:
     friend class TableCanvas;
+    static constexpr int kTablePicture = 100;  // the table's bitmap among the resources
     void CreateControls();
     void CreateMenus();
     void CreateSprites();

@@ -89,4 +89,29 @@ TEST(ZoomSurface, TheTableSurfaceDrawsItsCardsAgainAtEachZoomAndComesBackExactly
     EXPECT_EQ(Differing(table.RetainedImage(), tableAtOne), QRect());
 }
 
+// A whole form's picture is drawn once while a form shows it (the table's
+// comes back each hand), let go once none shows it, and drawn again for
+// every form that shows it at a change of zoom.
+TEST(ZoomSurface, AFormsPictureIsSharedWhileShownLetGoWhenNotAndFollowsTheZoom) {
+    using platform::LoadResPicture, platform::vbResBitmap;
+    const struct ZoomBack { ~ZoomBack() { platform::ChangeZoom(100); } } zoomBack;
+    QPixmap table = LoadResPicture(100, vbResBitmap);
+    EXPECT_EQ(LoadResPicture(100, vbResBitmap).cacheKey(), table.cacheKey());
+    const QImage drawn = table.toImage();
+    const qint64 shown = table.cacheKey();
+    table = QPixmap();
+    table = LoadResPicture(100, vbResBitmap);
+    EXPECT_NE(table.cacheKey(), shown) << "let go once no form showed it";
+    EXPECT_EQ(table.toImage(), drawn);
+
+    QPixmap background = LoadResPicture(101, vbResBitmap), sameBackground = background;
+    platform::ChangeZoom(200);
+    for (QPixmap* picture : {&table, &background, &sameBackground}) {
+        const QSize logical = picture->deviceIndependentSize().toSize();
+        *picture = platform::RenderedAgain(*picture);
+        EXPECT_EQ(picture->devicePixelRatio(), 2.0);
+        EXPECT_EQ(picture->size(), logical * 2);
+    }
+}
+
 }  // namespace

@@ -1,6 +1,7 @@
 #include "platform/display/card_library.h"
 
 #include <array>
+#include <memory>
 
 #include <QImage>
 #include <QPainter>
@@ -18,13 +19,14 @@ constexpr int kCardHeight = 96;
 // The build names the deck (the cache variable DOVRIN_CARD_DECK).
 constexpr char kStandardDeck[] = DOVRIN_CARD_DECK;
 
-// The library's own state, as a loaded library keeps it: the faces of one
-// pixel ratio, drawn again from the deck when a surface of another asks.
+// The library's own state, as a loaded library keeps it: the deck read at
+// cdtInit, and the faces of one pixel ratio, each drawn at its first use, so
+// that a start costs no faces and a change of zoom draws only those shown.
 struct CardCache {
     QString deckFile = QString::fromLatin1(kStandardDeck);
+    std::unique_ptr<QSvgRenderer> deck;
     qreal ratio = 0;
     std::array<QImage, 52> faces;
-    bool loaded = false;
 };
 
 CardCache& Cache() {
@@ -49,35 +51,31 @@ void PaintPlaceholder(QPainter& painter, const QString& elementId) {
     painter.drawText(card.adjusted(2, 2, -2, -2), Qt::AlignHCenter | Qt::AlignTop, elementId);
 }
 
-// The 52 faces at a pixel ratio; false, the faces left as they were, when
-// the deck can't be read.
-bool RenderFaces(CardCache& cache, qreal ratio) {
-    QSvgRenderer deck(cache.deckFile);
-    if (!deck.isValid()) return false;
-    for (int card = 0; card < 52; ++card) {
-        const QString id = CardElementId(card);
-        QImage face = FilledImage(QSize(kCardWidth, kCardHeight), ratio, Qt::transparent,
-                                  QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&face);
-        if (deck.elementExists(id))
-            deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));
-        else
-            PaintPlaceholder(painter, id);
-        painter.end();
-        cache.faces[card] = face;
-    }
-    cache.ratio = ratio;
-    return true;
+QImage RenderFace(QSvgRenderer& deck, int card, qreal ratio) {
+    const QString id = CardElementId(card);
+    QImage face = FilledImage(QSize(kCardWidth, kCardHeight), ratio, Qt::transparent,
+                              QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&face);
+    if (deck.elementExists(id))
+        deck.render(&painter, id, QRectF(0, 0, kCardWidth, kCardHeight));
+    else
+        PaintPlaceholder(painter, id);
+    painter.end();
+    return face;
 }
 
 // The face of a card for a surface of this pixel ratio; none once the
-// library has let go of its faces. A deck gone since cdtInit leaves the
-// faces it gave, drawn scaled.
+// library has let go of its deck.
 const QImage* Face(int card, qreal ratio) {
     CardCache& cache = Cache();
-    if (!cache.loaded) return nullptr;
-    if (ratio != cache.ratio && !RenderFaces(cache, ratio)) cache.ratio = ratio;
-    return &cache.faces[card];
+    if (!cache.deck) return nullptr;
+    if (ratio != cache.ratio) {
+        cache.faces = {};
+        cache.ratio = ratio;
+    }
+    QImage& face = cache.faces[card];
+    if (face.isNull()) face = RenderFace(*cache.deck, card, ratio);
+    return &face;
 }
 
 }  // namespace
@@ -93,11 +91,13 @@ void SetCardDeckFile(const QString& path) {
     Cache().deckFile = path.isEmpty() ? QString::fromLatin1(kStandardDeck) : path;
 }
 
+// The deck is read here, once: a deck gone since leaves the faces drawn.
 int cdtInit(std::int32_t& width, std::int32_t& height) {
     CardCache& cache = Cache();
-    cache.loaded = false;
-    if (!RenderFaces(cache, DisplayPixelRatio())) return 0;
-    cache.loaded = true;
+    cdtTerm();
+    auto deck = std::make_unique<QSvgRenderer>(cache.deckFile);
+    if (!deck->isValid()) return 0;
+    cache.deck = std::move(deck);
     width = kCardWidth;
     height = kCardHeight;
     return 1;
@@ -106,7 +106,7 @@ int cdtInit(std::int32_t& width, std::int32_t& height) {
 // The drawing names the card, not its face: it is drawn again after a change
 // of zoom with the face of the new ratio.
 int cdtDraw(FormSurface& hdc, int x, int y, int card, int mode, std::int32_t /*colour*/) {
-    if (!Cache().loaded || mode != 0 || card < 0 || card > 51) return 0;
+    if (!Cache().deck || mode != 0 || card < 0 || card > 51) return 0;
     hdc.Draw(QRect(x, y, kCardWidth, kCardHeight), [x, y, card](QPainter& painter) {
         if (const QImage* face = Face(card, painter.device()->devicePixelRatio())) painter.drawImage(x, y, *face);
     });
@@ -115,9 +115,9 @@ int cdtDraw(FormSurface& hdc, int x, int y, int card, int mode, std::int32_t /*c
 
 void cdtTerm() {
     CardCache& cache = Cache();
+    cache.deck.reset();
     cache.faces = {};
     cache.ratio = 0;
-    cache.loaded = false;
 }
 
 }  // namespace platform

@@ -1,6 +1,6 @@
-// The card library: the 52 faces of an SVG deck, rendered into a cache at
-// the pixel ratio of the surface they are drawn on (again after a change of
-// zoom) and drawn at 71 x 96 logical pixels.
+// The card library: the 52 faces of an SVG deck, each rendered into a cache
+// at its first drawing, at the pixel ratio of the surface it is drawn on
+// (again after a change of zoom), and drawn at 71 x 96 logical pixels.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace platform {
 
 class FormSurface;
 
-// Loads the deck and renders the faces. Gives the card size in pixels;
+// Loads the deck. Gives the card size in pixels;
 // answers 0 when the deck can't be loaded, non-zero otherwise.
 int cdtInit(std::int32_t& width, std::int32_t& height);
 
@@ -20,7 +20,7 @@ int cdtInit(std::int32_t& width, std::int32_t& height);
 // when something was drawn.
 int cdtDraw(FormSurface& hdc, int x, int y, int card, int mode, std::int32_t colour);
 
-// Lets go of the faces.
+// Lets go of the deck and its faces.
 void cdtTerm();
 
 // The deck's element of a card: "1_club" for the Ace of Clubs (card 0) ...

@@ -32,8 +32,11 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
 }
 
 void FormSurface::SetPicture(const QPixmap& picture) {
-    picture_ = picture;
-    ground_ = QImage();
+    // The same picture again (the table's, each hand) keeps its ground.
+    if (picture.cacheKey() != picture_.cacheKey()) {
+        picture_ = picture;
+        ground_ = QImage();
+    }
     Cls();
 }
 
@@ -43,15 +46,22 @@ void FormSurface::Cls() {
     if (form_) form_->update();
 }
 
+// The ground takes no image of its own until it must: without a picture it
+// is the back colour alone, and with one it is first drawn on the retained
+// image. At a large zoom an image is megabytes of fresh memory at the start.
 void FormSurface::DrawGround() {
-    if (ground_.isNull()) {
-        ground_ = FilledImage(clientRect_.size(), retained_.devicePixelRatio(), backColor_);
-        if (!picture_.isNull()) {
-            QPainter painter(&ground_);
-            painter.drawPixmap(0, 0, picture_);
-        }
+    if (picture_.isNull()) {
+        retained_.fill(backColor_);
+    } else if (ground_.isNull()) {
+        retained_.fill(backColor_);
+        QPainter painter(&retained_);
+        painter.drawPixmap(0, 0, picture_);
+        painter.end();
+        // The ground shares the retained image's pixels until the first drawing.
+        ground_ = retained_;
+    } else if (retained_.constBits() != ground_.constBits()) {
+        CopyPixels(retained_, ground_);
     }
-    CopyPixels(retained_, ground_);
     ScreenIsRetained();
     LetGoOverControls();
 }

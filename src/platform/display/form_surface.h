@@ -89,7 +89,7 @@ private:
     QRect clientRect_;
     QColor backColor_;
     QPixmap picture_;
-    QImage ground_;  // the back colour and the picture, made when first needed
+    QImage ground_;  // the back colour and the picture
     QImage retained_;
     // Until something is drawn with AutoRedraw off, the screen image is the
     // retained one, and its own pixels are only brought up to date when

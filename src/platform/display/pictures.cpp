@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <QApplication>
 #include <QHash>
@@ -27,7 +28,7 @@ QImage RenderSvgImage(const QString& path, QSize size, qreal ratio) {
     return image;
 }
 
-constexpr qsizetype kLargestKeptPicture = 512 * 1024;
+constexpr qint64 kLargestKeptPicture = 512 * 1024;  // bytes; larger is a whole form's picture
 
 struct PictureSource {
     QString path;
@@ -35,11 +36,13 @@ struct PictureSource {
 };
 
 // The pictures drawn at the pixel ratio now in force, and where every
-// picture handed out came from, so that it can be drawn again.
+// picture handed out at it (and at the ratio before, for a change of zoom
+// to draw them again) came from.
 struct PictureCache {
     qreal ratio = 0;
     QHash<QString, QPixmap> drawn;
     QHash<qint64, PictureSource> sources;
+    QHash<qint64, PictureSource> sourcesBefore;
 };
 
 PictureCache& Cache() {
@@ -47,30 +50,53 @@ PictureCache& Cache() {
     return cache;
 }
 
+QString PictureKey(const QString& path, QSize size) {
+    return QStringLiteral("%1@%2x%3").arg(path).arg(size.width()).arg(size.height());
+}
+
+QString ResPicturePath(int id, ResPictureType type) {
+    const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
+    return QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id);
+}
+
+// A picture of a whole form (the table's, megabytes at a large zoom) is
+// kept only while a form shows it: then a second request costs nothing and
+// no memory of its own.
+void LetGoOfUnshownPictures(PictureCache& cache) {
+    for (auto picture = cache.drawn.begin(); picture != cache.drawn.end();) {
+        const qint64 bytes = qint64(picture->width()) * picture->height() * picture->depth() / 8;
+        if (bytes > kLargestKeptPicture && picture->isDetached()) {
+            cache.sources.remove(picture->cacheKey());
+            picture = cache.drawn.erase(picture);
+        } else {
+            ++picture;
+        }
+    }
+}
+
 QPixmap RenderSvg(const QString& path, QSize size) {
     PictureCache& cache = Cache();
     const qreal ratio = DisplayPixelRatio();
     if (ratio != cache.ratio) {
         cache.drawn.clear();
+        cache.sourcesBefore = std::exchange(cache.sources, {});
         cache.ratio = ratio;
     }
-    const QString key = QStringLiteral("%1@%2x%3").arg(path).arg(size.width()).arg(size.height());
+    LetGoOfUnshownPictures(cache);
+    const QString key = PictureKey(path, size);
     if (const auto found = cache.drawn.constFind(key); found != cache.drawn.constEnd()) return *found;
-    const QImage image = RenderSvgImage(path, size, ratio);
-    const QPixmap picture = image.isNull() ? QPixmap() : QPixmap::fromImage(image);
-    // A picture of a whole form (the table's, megabytes at a large zoom) is
-    // kept by the form that shows it, not twice.
-    if (image.sizeInBytes() <= kLargestKeptPicture) cache.drawn.insert(key, picture);
-    if (!picture.isNull()) cache.sources.insert(picture.cacheKey(), PictureSource{path, size});
+    QImage image = RenderSvgImage(path, size, ratio);
+    if (image.isNull()) return QPixmap();
+    // Handed over, not copied: at a large zoom a copy is megabytes of fresh memory.
+    const QPixmap picture = QPixmap::fromImage(std::move(image));
+    cache.drawn.insert(key, picture);
+    cache.sources.insert(picture.cacheKey(), PictureSource{path, size});
     return picture;
 }
 
 }  // namespace
 
-QPixmap LoadResPicture(int id, ResPictureType type, QSize size) {
-    const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
-    return RenderSvg(QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id), size);
-}
+QPixmap LoadResPicture(int id, ResPictureType type, QSize size) { return RenderSvg(ResPicturePath(id, type), size); }
 
 QPixmap LoadArtPicture(const QString& name, QSize size) {
     return RenderSvg(QStringLiteral(":/art/%1.svg").arg(name), size);
@@ -79,9 +105,14 @@ QPixmap LoadArtPicture(const QString& name, QSize size) {
 QIcon ArtIcon(const QString& name) { return QIcon(QStringLiteral(":/art/%1.svg").arg(name)); }
 
 QPixmap RenderedAgain(const QPixmap& picture) {
-    const auto source = Cache().sources.constFind(picture.cacheKey());
-    if (source == Cache().sources.constEnd()) return picture;
-    return RenderSvg(source->path, source->size);
+    const PictureCache& cache = Cache();
+    for (const auto* sources : {&cache.sources, &cache.sourcesBefore}) {
+        if (const auto found = sources->constFind(picture.cacheKey()); found != sources->constEnd()) {
+            const PictureSource source = *found;  // the drawing below changes the registry
+            return RenderSvg(source.path, source.size);
+        }
+    }
+    return picture;
 }
 
 void RenderPicturesAgain() {
