@@ -108,9 +108,16 @@ int PictureBox::Width() const { return size_.width(); }
 int PictureBox::Height() const { return size_.height(); }
 
 // The repaint waits for the event loop, so that the refreshes of one timer
-// tick reach the screen as one paint.
+// tick reach the screen as one paint. At a fractional zoom a screen pixel on
+// the edge of a changed block shows logical pixels on both sides of the
+// edge, and the repaint takes one logical pixel more all round: without it a
+// moving figure leaves a trail of its edges.
 void PictureBox::Refresh() {
-    if (isVisible()) update(changed_.isEmpty() ? rect() : changed_);
+    if (isVisible()) {
+        const QRect changed = changed_.isEmpty() ? rect() : changed_;
+        const qreal ratio = devicePixelRatioF();
+        update(ratio == std::floor(ratio) ? changed : changed.adjusted(-1, -1, 1, 1));
+    }
     changed_ = QRect();
 }
 
