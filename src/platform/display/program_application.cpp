@@ -2,7 +2,9 @@
 
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QStyle>
 
+#include "platform/display/pictures.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 
@@ -22,6 +24,23 @@ QMessageBox::Icon IconOf(int style) {
         case kInformation: return QMessageBox::Information;
         default: return QMessageBox::NoIcon;
     }
+}
+
+// The desktop's own icons are bitmaps of 32 pixels, blocky at a zoom: above
+// 100 % a box shows the same drawings from the program's art, rendered sharp
+// (and drawn again at a change of zoom).
+void ShowSharpIcon(QMessageBox& box) {
+    if (DisplayPixelRatio() <= 1) return;
+    const char* name = nullptr;
+    switch (box.icon()) {
+        case QMessageBox::Critical: name = "box_critical"; break;
+        case QMessageBox::Question: name = "box_question"; break;
+        case QMessageBox::Warning: name = "box_warning"; break;
+        case QMessageBox::Information: name = "box_information"; break;
+        default: return;
+    }
+    const int size = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
+    box.setIconPixmap(LoadArtPicture(QString::fromLatin1(name), QSize(size, size)));
 }
 
 // The window a box opens over, so that the desktop keeps it above that
@@ -47,6 +66,7 @@ public:
     int ShowBox(const std::string& text, int style, const std::string& title) override {
         const QString lines = QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton, BoxOwner());
+        ShowSharpIcon(box);
         if (AsksYesNo(style)) {
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
             box.setDefaultButton(QMessageBox::Yes);
