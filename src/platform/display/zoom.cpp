@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <QWindow>
 #include <private/qhighdpiscaling_p.h>
 
 #include "platform/display/pictures.h"
@@ -155,6 +156,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Resize && watched == State().mainWindow) State().resized->start();
+        // The native window, made at the first show, doesn't take the base
+        // size its widget was given before.
+        if (event->type() == QEvent::Show && watched == State().mainWindow)
+            State().mainWindow->windowHandle()->setBaseSize(State().mainDesign);
         if (event->type() != QEvent::KeyPress) return false;
         const auto* key = static_cast<QKeyEvent*>(event);
         const Qt::KeyboardModifiers mods = key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
