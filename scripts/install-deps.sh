@@ -12,7 +12,7 @@ PACKAGES=(
   libfluidsynth-dev timgm6mb-soundfont
   libgtest-dev libgmock-dev
   clang libclang-rt-14-dev
-  xvfb openbox xdotool imagemagick x11-utils python3
+  xvfb openbox xdotool imagemagick x11-utils python3 dbus-daemon
   weston xwayland
   sox fluidsynth
   fonts-dejavu-core fonts-dejavu-extra

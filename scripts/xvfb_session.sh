@@ -4,7 +4,7 @@
 # pid is in $APP (and the window manager, if started) are stopped and $WORK
 # is removed.
 WORK=$(mktemp -d)
-end_session() { kill "${APP:-}" "${WM:-}" "${XVFB:-}" 2>/dev/null || true; rm -rf "$WORK"; }
+end_session() { kill "${APP:-}" "${WM:-}" "${XVFB:-}" "${BUS:-}" 2>/dev/null || true; rm -rf "$WORK"; }
 trap end_session EXIT
 # -noreset: a server that resets when its last client leaves drops the
 # clients that connect meanwhile (the window manager, while xprop polls).
@@ -15,6 +15,11 @@ for _ in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
 export DISPLAY=":$(cat "$WORK/display")" XDG_RUNTIME_DIR="$WORK/xdg" XDG_CONFIG_HOME="$WORK/config" SDL_AUDIODRIVER=dummy
 unset QT_QPA_PLATFORM
 mkdir -m 700 "$XDG_RUNTIME_DIR"
+# A session bus, as a desktop has: without one, the libraries that look for
+# it fork a process to start one, and every page the program then writes
+# again costs a fault.
+read -r DBUS_SESSION_BUS_ADDRESS BUS < <(dbus-daemon --session --fork --print-address=1 --print-pid=1 | paste -s -d ' ')
+export DBUS_SESSION_BUS_ADDRESS
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 
 # fresh_program PROGRAM_DIR DELIVERED_DIR TARGET: the program with its tunes
