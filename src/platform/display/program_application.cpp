@@ -5,6 +5,7 @@
 #include <QStyle>
 
 #include "platform/display/pictures.h"
+#include "platform/display/zoom.h"
 #include "platform/runtime/msgbox.h"
 #include "platform/runtime/runtime.h"
 
@@ -26,22 +27,39 @@ QMessageBox::Icon IconOf(int style) {
     }
 }
 
-// The desktop's own icons are bitmaps of 32 pixels, blocky at a zoom: above
-// 100 % a box shows the same drawings from the program's art, rendered sharp
-// (and drawn again at a change of zoom).
-void ShowSharpIcon(QMessageBox& box) {
-    if (DisplayPixelRatio() <= 1) return;
-    const char* name = nullptr;
-    switch (box.icon()) {
-        case QMessageBox::Critical: name = "box_critical"; break;
-        case QMessageBox::Question: name = "box_question"; break;
-        case QMessageBox::Warning: name = "box_warning"; break;
-        case QMessageBox::Information: name = "box_information"; break;
-        default: return;
+// A box's icon: the desktop's own at 100 %, and above it the same drawing
+// from the program's art, as the desktop's are bitmaps of 32 pixels and
+// would be blocky. It follows a change of zoom made while the box is open.
+class BoxIcon : public ZoomFollower {
+public:
+    BoxIcon(QMessageBox& box, QMessageBox::Icon icon) : ZoomFollower(Stage::Form), box_(box), icon_(icon) {
+        ZoomChanged();
     }
-    const int size = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
-    box.setIconPixmap(LoadArtPicture(QString::fromLatin1(name), QSize(size, size)));
-}
+
+    void ZoomChanged() override {
+        const char* name = ArtName();
+        if (DisplayPixelRatio() <= 1 || !name) {
+            box_.setIcon(icon_);
+            return;
+        }
+        const int size = box_.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box_);
+        box_.setIconPixmap(LoadArtPicture(QString::fromLatin1(name), QSize(size, size)));
+    }
+
+private:
+    const char* ArtName() const {
+        switch (icon_) {
+            case QMessageBox::Critical: return "box_critical";
+            case QMessageBox::Question: return "box_question";
+            case QMessageBox::Warning: return "box_warning";
+            case QMessageBox::Information: return "box_information";
+            default: return nullptr;
+        }
+    }
+
+    QMessageBox& box_;
+    QMessageBox::Icon icon_;
+};
 
 // The window a box opens over, so that the desktop keeps it above that
 // window. Under Wayland the active window is known only once the compositor
@@ -66,7 +84,7 @@ public:
     int ShowBox(const std::string& text, int style, const std::string& title) override {
         const QString lines = QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton, BoxOwner());
-        ShowSharpIcon(box);
+        const BoxIcon icon(box, IconOf(style));
         if (AsksYesNo(style)) {
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
             box.setDefaultButton(QMessageBox::Yes);
