@@ -5,6 +5,9 @@
 
 #include <cmath>
 
+#include <QCoreApplication>
+#include <QScreen>
+
 #include "platform/display/card_library.h"
 #include "platform/display/form_surface.h"
 #include "platform/display/picture_box.h"
@@ -112,6 +115,37 @@ TEST(ZoomSurface, AFormsPictureIsSharedWhileShownLetGoWhenNotAndFollowsTheZoom) 
         EXPECT_EQ(picture->devicePixelRatio(), 2.0);
         EXPECT_EQ(picture->size(), logical * 2);
     }
+}
+
+// At 150 % a figure moved across a shown box leaves nothing of its edges on
+// the screen: each repaint covers the screen pixels its block touches.
+TEST(ZoomSurface, AFigureMovedAcrossABoxAtAFractionalZoomLeavesNoTrailOnTheScreen) {
+    const struct ZoomBack { ~ZoomBack() { platform::ChangeZoom(100); } } zoomBack;
+    platform::ChangeZoom(150);
+    QWidget window;
+    window.resize(40, 20);
+    platform::PictureBox box(&window, QSize(40, 20));
+    window.show();
+    const auto screen = [&] {
+        QCoreApplication::processEvents();
+        // What the screen holds, without the repaint that QWidget::grab does.
+        return window.screen()->grabWindow(window.winId()).toImage();
+    };
+    box.Refresh();
+    const QImage bare = screen();
+    const QImage white = AtRatio(GreyImage("fff fff fff"), 2);
+    const QImage black = AtRatio(GreyImage("000 000 000"), 2);
+    // Each step gives the old place its ground back and draws the new, and
+    // the repaint covers both, as the scene's figures move.
+    for (int x = 1; x < 34; x += 3) {
+        if (x > 1) platform::BitBlt(box.hDC(), x - 3, 5, 3, 3, &black, 0, 0, platform::SRCCOPY);
+        platform::BitBlt(box.hDC(), x, 5, 3, 3, &white, 0, 0, platform::SRCCOPY);
+        box.Refresh();
+        screen();
+    }
+    platform::BitBlt(box.hDC(), 34, 5, 3, 3, &black, 0, 0, platform::SRCCOPY);
+    box.Refresh();
+    EXPECT_EQ(Differing(screen(), bare), QRect());
 }
 
 }  // namespace
