@@ -18,7 +18,7 @@ mkdir -m 700 "$XDG_RUNTIME_DIR"
 # A session bus, as a desktop has: without one, the libraries that look for
 # it fork a process to start one, and every page the program then writes
 # again costs a fault.
-read -r DBUS_SESSION_BUS_ADDRESS BUS < <(dbus-daemon --session --fork --print-address=1 --print-pid=1 | paste -s -d ' ')
+read -r DBUS_SESSION_BUS_ADDRESS BUS < <(dbus-daemon --session --fork --print-address=1 --print-pid=1 | paste -s -d ' ') || true
 export DBUS_SESSION_BUS_ADDRESS
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 

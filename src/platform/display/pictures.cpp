@@ -50,15 +50,6 @@ PictureCache& Cache() {
     return cache;
 }
 
-QString PictureKey(const QString& path, QSize size) {
-    return QStringLiteral("%1@%2x%3").arg(path).arg(size.width()).arg(size.height());
-}
-
-QString ResPicturePath(int id, ResPictureType type) {
-    const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
-    return QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id);
-}
-
 // A picture of a whole form (the table's, megabytes at a large zoom) is
 // kept only while a form shows it: then a second request costs nothing and
 // no memory of its own.
@@ -83,7 +74,7 @@ QPixmap RenderSvg(const QString& path, QSize size) {
         cache.ratio = ratio;
     }
     LetGoOfUnshownPictures(cache);
-    const QString key = PictureKey(path, size);
+    const QString key = QStringLiteral("%1@%2x%3").arg(path).arg(size.width()).arg(size.height());
     if (const auto found = cache.drawn.constFind(key); found != cache.drawn.constEnd()) return *found;
     QImage image = RenderSvgImage(path, size, ratio);
     if (image.isNull()) return QPixmap();
@@ -96,7 +87,10 @@ QPixmap RenderSvg(const QString& path, QSize size) {
 
 }  // namespace
 
-QPixmap LoadResPicture(int id, ResPictureType type, QSize size) { return RenderSvg(ResPicturePath(id, type), size); }
+QPixmap LoadResPicture(int id, ResPictureType type, QSize size) {
+    const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
+    return RenderSvg(QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id), size);
+}
 
 QPixmap LoadArtPicture(const QString& name, QSize size) {
     return RenderSvg(QStringLiteral(":/art/%1.svg").arg(name), size);

@@ -32,9 +32,7 @@ QMessageBox::Icon IconOf(int style) {
 // would be blocky. It follows a change of zoom made while the box is open.
 class BoxIcon : public ZoomFollower {
 public:
-    BoxIcon(QMessageBox& box, QMessageBox::Icon icon) : ZoomFollower(Stage::Form), box_(box), icon_(icon) {
-        ZoomChanged();
-    }
+    explicit BoxIcon(QMessageBox& box) : ZoomFollower(Stage::Form), box_(box), icon_(box.icon()) { ZoomChanged(); }
 
     void ZoomChanged() override {
         const char* name = ArtName();
@@ -84,7 +82,7 @@ public:
     int ShowBox(const std::string& text, int style, const std::string& title) override {
         const QString lines = QString::fromStdString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         QMessageBox box(IconOf(style), QString::fromStdString(title), lines, QMessageBox::NoButton, BoxOwner());
-        const BoxIcon icon(box, IconOf(style));
+        const BoxIcon icon(box);
         if (AsksYesNo(style)) {
             box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
             box.setDefaultButton(QMessageBox::Yes);

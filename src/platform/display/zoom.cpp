@@ -14,7 +14,6 @@
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
-#include <QWindow>
 #include <private/qhighdpiscaling_p.h>
 
 #include "platform/display/pictures.h"
