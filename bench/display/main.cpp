@@ -76,7 +76,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     TableForm form;
-    form.surface.SetPicture(platform::LoadResPicture(100, platform::vbResBitmap));
+    form.surface.SetPicture(platform::ResPicturePath(100, platform::vbResBitmap));
     form.show();
     QApplication::processEvents();
     std::printf("platform %s, zoom %d %%, pixel ratio %.2f\n", qPrintable(QGuiApplication::platformName()),

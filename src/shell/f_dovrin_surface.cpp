@@ -149,5 +149,5 @@ void FDovrin::SetBusyPointer(bool busy) {
 }
 
 void FDovrin::ReloadPicture() {
-    surface_.SetPicture(platform::LoadResPicture(kTablePicture, platform::vbResBitmap));
+    surface_.SetPicture(platform::ResPicturePath(kTablePicture, platform::vbResBitmap));
 }

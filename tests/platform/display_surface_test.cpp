@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QFile>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -26,8 +28,8 @@ public:
         show();
         QApplication::processEvents();
     }
-    QColor Retained(int x, int y) const { return At(surface.RetainedImage(), x, y); }
-    QColor OnScreen(int x, int y) const { return At(surface.ScreenImage(), x, y); }
+    QColor Retained(int x, int y) { return At(surface.RetainedImage(), x, y); }
+    QColor OnScreen(int x, int y) { return At(surface.ScreenImage(), x, y); }
     void DrawInk(QRect area) {
         surface.Draw(area, [area](QPainter& painter) { painter.fillRect(area, kInk); });
     }
@@ -62,9 +64,13 @@ TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAtOnceAndAnExposeRefreshOrCls
 
     // Cls paints the picture over the back colour, on both images.
     form.surface.SetAutoRedraw(true);
-    QPixmap picture(20, 10);
-    picture.fill(Qt::blue);
-    form.surface.SetPicture(picture);
+    QTemporaryDir folder;
+    QFile picture(folder.filePath(QStringLiteral("picture.svg")));
+    ASSERT_TRUE(picture.open(QIODevice::WriteOnly));
+    picture.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width="20" height="10">)"
+                  R"(<rect width="20" height="10" fill="blue"/></svg>)");
+    picture.close();
+    form.surface.SetPicture(picture.fileName());
     form.DrawInk(QRect(0, 0, 64, 48));
     form.surface.Cls();
     for (const QImage* image : {&form.surface.RetainedImage(), &form.surface.ScreenImage()}) {
@@ -72,7 +78,7 @@ TEST(FormSurface, AutoRedrawOffDrawsOnTheScreenOnlyAtOnceAndAnExposeRefreshOrCls
         EXPECT_EQ(At(*image, 20, 5), kBack);
         EXPECT_EQ(At(*image, 5, 10), kBack);
     }
-    form.surface.SetPicture(QPixmap());
+    form.surface.SetPicture(QString());
     EXPECT_EQ(form.Retained(5, 5), kBack);
 }
 

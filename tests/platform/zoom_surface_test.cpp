@@ -69,7 +69,7 @@ TEST(ZoomSurface, TheTableSurfaceDrawsItsCardsAgainAtEachZoomAndComesBackExactly
     std::int32_t width = 0, height = 0;
     ASSERT_NE(platform::cdtInit(width, height), 0);
     platform::FormSurface bare(nullptr, QSize(200, 150), back), table(nullptr, QSize(200, 150), back);
-    table.SetPicture(platform::LoadResPicture(100, platform::vbResBitmap));
+    table.SetPicture(platform::ResPicturePath(100, platform::vbResBitmap));
     for (platform::FormSurface* surface : {&bare, &table}) platform::cdtDraw(*surface, 21, 33, 51, 0, 0);
     platform::cdtDraw(table, 90, 40, 6, 0, 0);
     table.SetAutoRedraw(false);

@@ -1,6 +1,7 @@
 #include "platform/display/form_surface.h"
 
 #include <cstring>
+#include <utility>
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -27,41 +28,40 @@ FormSurface::FormSurface(QWidget* form, QSize clientSize, QColor backColor)
       form_(form),
       clientRect_(QPoint(0, 0), clientSize),
       backColor_(backColor),
-      retained_(FilledImage(clientSize, DisplayPixelRatio(), backColor)) {
+      groundDrawing_(std::async(std::launch::deferred, GroundImage, clientSize, DisplayPixelRatio(), backColor,
+                                QString())) {}
+
+void FormSurface::SetPicture(const QString& svgPath) {
+    // The same picture again (the table's, each hand) keeps its ground.
+    if (svgPath != picturePath_) {
+        picturePath_ = svgPath;
+        groundDrawing_ = std::async(std::launch::async, GroundImage, clientRect_.size(), DisplayPixelRatio(),
+                                    backColor_, svgPath);
+    }
     Cls();
 }
 
-void FormSurface::SetPicture(const QPixmap& picture) {
-    // The same picture again (the table's, each hand) keeps its ground.
-    if (picture.cacheKey() != picture_.cacheKey()) {
-        picture_ = picture;
-        ground_ = QImage();
-    }
-    Cls();
+void FormSurface::AwaitGround() {
+    if (groundDrawing_.valid()) TakeGround(groundDrawing_.get());
+}
+
+void FormSurface::TakeGround(QImage ground) {
+    ground_ = std::move(ground);
+    // The retained image shares the ground's pixels until the first drawing.
+    retained_ = ground_;
+    ScreenIsRetained();
+    LetGoOverControls();
 }
 
 void FormSurface::Cls() {
     kept_.clear();
-    DrawGround();
+    // A ground still to be drawn is the cleared form already.
+    if (!groundDrawing_.valid()) DrawGround();
     if (form_) form_->update();
 }
 
-// The ground takes no image of its own until it must: without a picture it
-// is the back colour alone, and with one it is first drawn on the retained
-// image. At a large zoom an image is megabytes of fresh memory at the start.
 void FormSurface::DrawGround() {
-    if (picture_.isNull()) {
-        retained_.fill(backColor_);
-    } else if (ground_.isNull()) {
-        retained_.fill(backColor_);
-        QPainter painter(&retained_);
-        painter.drawPixmap(0, 0, picture_);
-        painter.end();
-        // The ground shares the retained image's pixels until the first drawing.
-        ground_ = retained_;
-    } else if (retained_.constBits() != ground_.constBits()) {
-        CopyPixels(retained_, ground_);
-    }
+    if (retained_.constBits() != ground_.constBits()) CopyPixels(retained_, ground_);
     ScreenIsRetained();
     LetGoOverControls();
 }
@@ -85,12 +85,19 @@ void FormSurface::SyncScreen() const {
     screenSynced_ = true;
 }
 
-const QImage& FormSurface::ScreenImage() const {
+const QImage& FormSurface::RetainedImage() {
+    AwaitGround();
+    return retained_;
+}
+
+const QImage& FormSurface::ScreenImage() {
+    AwaitGround();
     SyncScreen();
     return screen_;
 }
 
 void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& paint) {
+    AwaitGround();
     if (autoRedraw_) {
         QPainter retained(&retained_);
         paint(retained);
@@ -120,29 +127,29 @@ void FormSurface::Draw(const QRect& area, const std::function<void(QPainter&)>& 
 }
 
 void FormSurface::ZoomChanged() {
+    AwaitGround();
     const qreal ratio = DisplayPixelRatio();
     if (ratio == retained_.devicePixelRatio()) return;
-    picture_ = RenderedAgain(picture_);
-    const QSize size = clientRect_.size();
-    ground_ = QImage();
-    retained_ = FilledImage(size, ratio, backColor_);
-    DrawGround();
-    QPainter painter(&retained_);
-    for (const auto& paint : kept_) {
-        painter.save();
-        paint(painter);
-        painter.restore();
+    TakeGround(GroundImage(clientRect_.size(), ratio, backColor_, picturePath_));
+    if (!kept_.empty()) {
+        QPainter painter(&retained_);
+        for (const auto& paint : kept_) {
+            painter.save();
+            paint(painter);
+            painter.restore();
+        }
     }
-    painter.end();
     if (form_) form_->update();
 }
 
 void FormSurface::Refresh() {
+    AwaitGround();
     RestoreScreen(clientRect_);
     if (form_) RepaintNow(clientRect_);
 }
 
 void FormSurface::Paint(QPainter& painter, const QRect& area) {
+    AwaitGround();
     if (!ownRepaint_) RestoreScreen(area);
     painter.save();
     painter.setClipRect(area);

@@ -22,12 +22,13 @@
 #pragma once
 
 #include <functional>
+#include <future>
 #include <vector>
 
 #include <QColor>
 #include <QImage>
-#include <QPixmap>
 #include <QRect>
+#include <QString>
 #include <QWidget>
 
 #include "platform/display/zoom.h"
@@ -44,10 +45,9 @@ public:
     bool AutoRedraw() const { return autoRedraw_; }
     void SetAutoRedraw(bool on) { autoRedraw_ = on; }
 
-    // The form's picture, drawn at the top left over the back colour. Setting
-    // it clears the form to the new picture.
-    const QPixmap& Picture() const { return picture_; }
-    void SetPicture(const QPixmap& picture);
+    // The form's picture, the SVG drawing at svgPath drawn at the top left
+    // over the back colour. Setting it clears the form to the new picture.
+    void SetPicture(const QString& svgPath);
 
     // Erases both images to the back colour and the picture.
     void Cls();
@@ -67,14 +67,20 @@ public:
     // was last restored.
     void PaintOverControls(QPainter& painter, const QRect& area);
 
-    const QImage& RetainedImage() const { return retained_; }
-    const QImage& ScreenImage() const;
+    const QImage& RetainedImage();
+    const QImage& ScreenImage();
 
     // The images made anew at the display's new pixel ratio, the picture and
     // the kept drawings drawn again on them.
     void ZoomChanged() override;
 
 private:
+    // The ground drawn, where it was still to be drawn. Every public entry
+    // that touches the images comes here first.
+    void AwaitGround();
+    // A new ground, the back colour and the picture, on the retained image
+    // and the screen image and the layer over the controls bare.
+    void TakeGround(QImage ground);
     // The back colour and the picture on the retained image, and the screen
     // image and the layer over the controls as bare as after an expose.
     void DrawGround();
@@ -88,8 +94,13 @@ private:
     QWidget* form_;
     QRect clientRect_;
     QColor backColor_;
-    QPixmap picture_;
+    QString picturePath_;
     QImage ground_;  // the back colour and the picture
+    // The ground still to be drawn: at first when it is first needed, and a
+    // new picture's on a thread of its own. At a large zoom a ground is
+    // megabytes of fresh memory and a picture's rasterising, which at the
+    // start run while the user form opens the database.
+    std::future<QImage> groundDrawing_;
     QImage retained_;
     // Until something is drawn with AutoRedraw off, the screen image is the
     // retained one, and its own pixels are only brought up to date when

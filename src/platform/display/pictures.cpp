@@ -87,10 +87,12 @@ QPixmap RenderSvg(const QString& path, QSize size) {
 
 }  // namespace
 
-QPixmap LoadResPicture(int id, ResPictureType type, QSize size) {
+QString ResPicturePath(int id, ResPictureType type) {
     const QString kind = type == vbResBitmap ? QStringLiteral("bitmap") : QStringLiteral("icon");
-    return RenderSvg(QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id), size);
+    return QStringLiteral(":/res/%1/%2.svg").arg(kind).arg(id);
 }
+
+QPixmap LoadResPicture(int id, ResPictureType type, QSize size) { return RenderSvg(ResPicturePath(id, type), size); }
 
 QPixmap LoadArtPicture(const QString& name, QSize size) {
     return RenderSvg(QStringLiteral(":/art/%1.svg").arg(name), size);
@@ -143,6 +145,15 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size) {
         }
     }
     return sprite;
+}
+
+QImage GroundImage(QSize size, qreal ratio, const QColor& fill, const QString& picturePath) {
+    QImage image = FilledImage(size, ratio, fill);
+    if (picturePath.isEmpty()) return image;
+    QSvgRenderer renderer(picturePath);
+    QPainter painter(&image);
+    renderer.render(&painter, QRectF(QPointF(0, 0), renderer.defaultSize()));
+    return image;
 }
 
 QImage FilledImage(QSize size, qreal ratio, const QColor& fill, QImage::Format format) {

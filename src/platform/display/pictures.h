@@ -17,6 +17,9 @@ enum ResPictureType { vbResBitmap = 0, vbResIcon = 1 };
 // Drawn at size in logical pixels, or at the drawing's own size.
 QPixmap LoadResPicture(int id, ResPictureType type, QSize size = QSize());
 
+// Where a numbered resource's drawing is, for a surface that draws it itself.
+QString ResPicturePath(int id, ResPictureType type);
+
 // A form's own picture by name (":/art/<name>.svg"), at size in logical
 // pixels, or at the drawing's own size when size is empty.
 QPixmap LoadArtPicture(const QString& name, QSize size = QSize());
@@ -50,6 +53,12 @@ SpriteImages LoadSpriteImages(const QString& name, QSize size);
 // An image of size logical pixels at ratio device pixels to each, all of
 // it the colour fill.
 QImage FilledImage(QSize size, qreal ratio, const QColor& fill, QImage::Format format = QImage::Format_RGB32);
+
+// A form's ground: an image of size logical pixels at ratio, the colour
+// fill with the SVG drawing at picturePath (if any) at its own size at the
+// top left. It touches nothing of the event loop's, so it may be made on a
+// thread of its own.
+QImage GroundImage(QSize size, qreal ratio, const QColor& fill, const QString& picturePath);
 
 // The highest pixel ratio of the screens: what pictures and cards are
 // rendered at.
