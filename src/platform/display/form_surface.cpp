@@ -49,8 +49,7 @@ void FormSurface::TakeGround(QImage ground) {
     ground_ = std::move(ground);
     // The retained image shares the ground's pixels until the first drawing.
     retained_ = ground_;
-    ScreenIsRetained();
-    LetGoOverControls();
+    DrawGround();
 }
 
 void FormSurface::Cls() {

@@ -78,8 +78,7 @@ private:
     // The ground drawn, where it was still to be drawn. Every public entry
     // that touches the images comes here first.
     void AwaitGround();
-    // A new ground, the back colour and the picture, on the retained image
-    // and the screen image and the layer over the controls bare.
+    // A new ground (the back colour and the picture), and the form cleared to it.
     void TakeGround(QImage ground);
     // The back colour and the picture on the retained image, and the screen
     // image and the layer over the controls as bare as after an expose.
