@@ -92,9 +92,9 @@ TEST(ZoomSurface, TheTableSurfaceDrawsItsCardsAgainAtEachZoomAndComesBackExactly
     EXPECT_EQ(Differing(table.RetainedImage(), tableAtOne), QRect());
 }
 
-// A whole form's picture is drawn once while a form shows it (the table's
-// comes back each hand), let go once none shows it, and drawn again for
-// every form that shows it at a change of zoom.
+// A whole form's picture is drawn once while a form shows it, let go once
+// none shows it, and drawn again for every form that shows it at a change
+// of zoom.
 TEST(ZoomSurface, AFormsPictureIsSharedWhileShownLetGoWhenNotAndFollowsTheZoom) {
     using platform::LoadResPicture, platform::vbResBitmap;
     const struct ZoomBack { ~ZoomBack() { platform::ChangeZoom(100); } } zoomBack;

@@ -78,7 +78,7 @@ void FormSurface::LetGoOverControls() {
     overDirty_ = QRect();
 }
 
-void FormSurface::SyncScreen() const {
+void FormSurface::SyncScreen() {
     if (!screenIsRetained_ || screenSynced_) return;
     CopyPixels(screen_, retained_);
     screenSynced_ = true;

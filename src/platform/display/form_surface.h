@@ -86,7 +86,7 @@ private:
     void RestoreScreen(const QRect& area);
     void RepaintNow(const QRect& area);
     // The screen image's pixels, where they were left to the retained one.
-    void SyncScreen() const;
+    void SyncScreen();
     void ScreenIsRetained();
     void LetGoOverControls();
 
@@ -104,9 +104,9 @@ private:
     // Until something is drawn with AutoRedraw off, the screen image is the
     // retained one, and its own pixels are only brought up to date when
     // they are asked for: a full redraw then costs one image, not two.
-    mutable QImage screen_;
+    QImage screen_;
     bool screenIsRetained_ = true;
-    mutable bool screenSynced_ = false;
+    bool screenSynced_ = false;
     QImage overControls_;  // transparent but for what AutoRedraw off drew
     QRect overDirty_;      // where overControls_ may hold a drawing
     std::vector<std::function<void(QPainter&)>> kept_;  // drawn with AutoRedraw on since the last Cls

@@ -50,7 +50,7 @@ PictureCache& Cache() {
     return cache;
 }
 
-// A picture of a whole form (the table's, megabytes at a large zoom) is
+// A picture of a whole form (a background, megabytes at a large zoom) is
 // kept only while a form shows it: then a second request costs nothing and
 // no memory of its own.
 void LetGoOfUnshownPictures(PictureCache& cache) {
